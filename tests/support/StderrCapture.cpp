@@ -1,5 +1,6 @@
 #include "StderrCapture.h"
 
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <stdexcept>
@@ -8,34 +9,43 @@ namespace lxtest {
 
 StderrCapture::StderrCapture() {
   int fds[2];
-  if (pipe(fds) != 0) throw std::runtime_error("pipe failed");
+  if (socketpair(AF_UNIX, SOCK_SEQPACKET, 0, fds) != 0) throw std::runtime_error("socketpair failed");
+  int bufferSize = 4 << 20;
+  setsockopt(fds[0], SOL_SOCKET, SO_RCVBUF, &bufferSize, sizeof bufferSize);
+  setsockopt(fds[1], SOL_SOCKET, SO_SNDBUF, &bufferSize, sizeof bufferSize);
   savedStderr_ = dup(STDERR_FILENO);
   dup2(fds[1], STDERR_FILENO);
   close(fds[1]);
   readEnd_ = fds[0];
-  // Drain the pipe on a thread so that a chatty call never blocks on a full pipe.
+  // Drain on a thread so that a chatty call never blocks on a full socket.
   reader_ = std::thread([this] {
-    char buffer[4096];
+    std::string buffer(1 << 20, '\0');
     for (;;) {
-      ssize_t n = read(readEnd_, buffer, sizeof buffer);
+      ssize_t n = recv(readEnd_, buffer.data(), buffer.size(), 0);
       if (n <= 0) break;
-      captured_.append(buffer, static_cast<std::size_t>(n));
+      writes_.emplace_back(buffer.data(), static_cast<std::size_t>(n));
     }
   });
 }
 
-StderrCapture::~StderrCapture() { Finish(); }
+StderrCapture::~StderrCapture() { FinishWrites(); }
 
-std::string StderrCapture::Finish() {
+std::vector<std::string> StderrCapture::FinishWrites() {
   if (savedStderr_ >= 0) {
-    dup2(savedStderr_, STDERR_FILENO);  // closes the pipe's last write end
+    dup2(savedStderr_, STDERR_FILENO);  // closes the socket's last write end
     close(savedStderr_);
     savedStderr_ = -1;
     reader_.join();
     close(readEnd_);
     readEnd_ = -1;
   }
-  return captured_;
+  return writes_;
+}
+
+std::string StderrCapture::Finish() {
+  std::string all;
+  for (const std::string& write : FinishWrites()) all += write;
+  return all;
 }
 
 }  // namespace lxtest

@@ -1,9 +1,11 @@
-// Redirects file descriptor 2 into a pipe for the life of the object, so a
-// test can read exactly what the library wrote to its debug channel and in
-// how many writes. Not reentrant: one capture at a time per process.
+// Redirects file descriptor 2 into a packet socket for the life of the object,
+// so a test can read exactly what the library wrote to its debug channel and
+// in how many writes: a SOCK_SEQPACKET pair keeps each write(2) as one record.
+// Not reentrant: one capture at a time per process.
 #pragma once
 
 #include <string>
+#include <vector>
 #include <thread>
 
 namespace lxtest {
@@ -17,11 +19,13 @@ class StderrCapture {
 
   // Stops capturing (if still on) and returns everything written, as UTF-8.
   std::string Finish();
+  // Stops capturing (if still on) and returns each write(2) separately.
+  std::vector<std::string> FinishWrites();
 
  private:
   int savedStderr_ = -1;
   int readEnd_ = -1;
-  std::string captured_;
+  std::vector<std::string> writes_;
   std::thread reader_;
 };
 
