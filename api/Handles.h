@@ -1,0 +1,23 @@
+// The opaque handles of the public header are the addresses of library
+// objects. Obj() turns a handle into its object and ToHandle() back; each
+// kind of handle is bound to exactly one class here, so a handle of one kind
+// can never be read as an object of another.
+#pragma once
+
+#include "LxDataAccess.h"
+
+class CProviderPool;
+class CDataProvider;
+
+#define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
+  inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
+  inline HandleType* ToHandle(ClassType* object) { return reinterpret_cast<HandleType*>(object); }
+
+namespace lx_api {
+
+LX_BIND_HANDLE(LxProviderPool, CProviderPool)
+LX_BIND_HANDLE(LxDataProvider, CDataProvider)
+
+}  // namespace lx_api
+
+#undef LX_BIND_HANDLE

@@ -1,0 +1,17 @@
+// How class methods report a logical failure: the text, " [", the reporting
+// method's name, "]", appended to the current call's pending list. The method
+// then returns false, null or 0; it does not throw.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace lx_api {
+
+// `method` is the narrow "Class::_Method" name, plain ASCII.
+void Report(std::wstring_view text, const char* method);
+
+// "Индекс <index> выходит за пределы диапазона [0, <count>)".
+void ReportIndexOutOfRange(std::int64_t index, std::int64_t count, const char* method);
+
+}  // namespace lx_api

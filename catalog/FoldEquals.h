@@ -1,0 +1,24 @@
+// Case-blind comparison of names, for the only two alphabets the catalog's
+// users write in: Latin a-z and Russian а-я with ё fold to upper case; every
+// other character compares as it is. Deliberately not locale-driven, so that a
+// name means the same on every machine.
+#pragma once
+
+#include <string_view>
+
+inline wchar_t FoldChar(wchar_t ch) {
+  if ((ch >= L'a' && ch <= L'z') || (ch >= 0x0430 && ch <= 0x044F)) return static_cast<wchar_t>(ch - 32);
+  if (ch == 0x0451) return 0x0401;  // ё -> Ё
+  return ch;
+}
+
+inline bool FoldEquals(wchar_t left, wchar_t right) { return FoldChar(left) == FoldChar(right); }
+
+// Same length and every character equal under the fold.
+inline bool FoldEquals(std::wstring_view left, std::wstring_view right) {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (!FoldEquals(left[i], right[i])) return false;
+  }
+  return true;
+}

@@ -1,0 +1,73 @@
+#include "storage/CProviderPool.h"
+
+#include <algorithm>
+
+#include "api/Report.h"
+#include "catalog/FoldEquals.h"
+#include "storage/CDataProvider.h"
+
+namespace {
+
+// Database paths name one file however the client wrote them.
+bool SameDatabasePath(std::wstring_view left, std::wstring_view right) {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    const wchar_t a = left[i] == L'/' ? L'\\' : left[i];
+    const wchar_t b = right[i] == L'/' ? L'\\' : right[i];
+    if (!FoldEquals(a, b)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+CProviderPool::CProviderPool(std::wstring ulbPath) : ulbPath_(std::move(ulbPath)) {}
+
+// Providers go in list order, as the catalog's temporary files expect.
+CProviderPool::~CProviderPool() {
+  for (auto& provider : providers_) provider.reset();
+}
+
+CDataProvider* CProviderPool::_GetProvider(std::int32_t index) const {
+  if (index < 0 || index >= GetProviderCount()) {
+    lx_api::ReportIndexOutOfRange(index, GetProviderCount(), "CProviderPool::_GetProvider");
+    return nullptr;
+  }
+  return providers_[static_cast<std::size_t>(index)].get();
+}
+
+CDataProvider* CProviderPool::FindProvider(std::wstring_view server, std::wstring_view database,
+                                           std::wstring_view user) const {
+  for (const auto& provider : providers_) {
+    if (provider->GetServerName() == server && provider->GetDatabaseName() == database &&
+        provider->GetUserName() == user) {
+      return provider.get();
+    }
+  }
+  return nullptr;
+}
+
+CDataProvider* CProviderPool::FindEqualConnection(std::wstring_view server, std::wstring_view database,
+                                                  std::wstring_view user) const {
+  for (const auto& provider : providers_) {
+    if (SameDatabasePath(provider->GetDatabaseName(), database) && provider->GetServerName() == server &&
+        provider->GetUserName() == user) {
+      return provider.get();
+    }
+  }
+  return nullptr;
+}
+
+void CProviderPool::Append(std::unique_ptr<CDataProvider> provider) { providers_.push_back(std::move(provider)); }
+
+bool CProviderPool::_DeleteProvider(CDataProvider* provider) {
+  const auto found = std::find_if(providers_.begin(), providers_.end(),
+                                  [provider](const auto& owned) { return owned.get() == provider; });
+  if (found == providers_.end()) {
+    lx_api::Report(L"Не найден провайдер среди списка доступных провайдеров", "CProviderPool::_DeleteProvider");
+    return false;
+  }
+  std::unique_ptr<CDataProvider> removed = std::move(*found);
+  providers_.erase(found);
+  return true;
+}

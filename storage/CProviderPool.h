@@ -1,0 +1,48 @@
+// CProviderPool: the catalog databases that make up one application library.
+// Owns its providers, in the order they were added; a provider's index is its
+// place in that order. Owned by the registry (CLxDataAccess).
+//
+// Not thread-safe: every use runs under the frame lock.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+class CDataProvider;
+
+class CProviderPool {
+ public:
+  explicit CProviderPool(std::wstring ulbPath);
+  ~CProviderPool();
+
+  CProviderPool(const CProviderPool&) = delete;
+  CProviderPool& operator=(const CProviderPool&) = delete;
+
+  const std::wstring& GetUlbPath() const { return ulbPath_; }
+  std::int32_t GetProviderCount() const { return static_cast<std::int32_t>(providers_.size()); }
+
+  // The provider at `index`, or null with a report when out of range.
+  CDataProvider* _GetProvider(std::int32_t index) const;
+
+  // First provider whose server, database path and user are exactly these.
+  CDataProvider* FindProvider(std::wstring_view server, std::wstring_view database, std::wstring_view user) const;
+
+  // An attached provider whose connection is equal: the database path
+  // compared with '/' as '\\' and Latin and Russian case folded, server and
+  // user exactly. The password plays no part.
+  CDataProvider* FindEqualConnection(std::wstring_view server, std::wstring_view database,
+                                     std::wstring_view user) const;
+
+  // Takes ownership of a provider whose basic load succeeded.
+  void Append(std::unique_ptr<CDataProvider> provider);
+
+  // Removes and destroys the provider with everything below it; reports and
+  // returns false when the provider is not in this pool.
+  bool _DeleteProvider(CDataProvider* provider);
+
+ private:
+  std::vector<std::unique_ptr<CDataProvider>> providers_;
+  const std::wstring ulbPath_;  // never changes after creation
+};
