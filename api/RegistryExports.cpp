@@ -4,6 +4,7 @@
 #include "api/CallFrame.h"
 #include "api/Handles.h"
 #include "api/LibraryState.h"
+#include "api/StaticText.h"
 
 using lx_api::CallFrame;
 using lx_api::Obj;
@@ -32,9 +33,8 @@ LX_API LxProviderPool* lxAddLibraryProviderPool(const wchar_t* libraryName, cons
 
 LX_API const wchar_t* lxGetLibraryName(LxProviderPool* pool) {
   return CallFrame("lx_api::lxGetLibraryName").Handle(pool, "pool").Call([&] {
-    static std::wstring name;  // the caller reads it until the next call
-    name = CLxDataAccess::GetLibraryName(Obj(pool));
-    return name.c_str();
+    static lx_api::StaticText name;
+    return name.Assign(CLxDataAccess::GetLibraryName(Obj(pool)));
   });
 }
 

@@ -1,0 +1,179 @@
+// The call frame itself, driven with bodies of our own: what it writes for
+// reports and exceptions, what it skips, and that it costs no allocation.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <new>
+#include <stdexcept>
+
+#include "DebugOutput.h"
+#include "LxDataAccess.h"
+#include "api/CallFrame.h"
+#include "api/LibraryState.h"
+#include "api/Report.h"
+#include "storage/ibpp/Exception.h"
+
+using lx_api::CallFrame;
+using lxtest::Captured;
+using lxtest::FlushText;
+using lxtest::Writes;
+
+namespace {
+std::atomic<bool> countAllocations{false};
+std::atomic<long> allocations{0};
+}  // namespace
+
+// Counting replacement of the global allocator, on only while a test asks.
+void* operator new(std::size_t size) {
+  if (countAllocations) ++allocations;
+  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept { std::free(block); }
+void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+
+namespace {
+
+int sentinel = 0;
+const void* const kSomeHandle = &sentinel;
+
+TEST(CallFrame, TwoReportsBecomeOneWriteWithIndentation) {
+  auto [result, writes] = Captured([] {
+    return CallFrame("test_Two").Call([] {
+      lx_api::Report(L"первое", "CTest::_First");
+      lx_api::Report(L"второе", "CTest::_Second");
+      lx_api::Report(L"третье", "CTest::_Third");
+      return 5;
+    });
+  });
+  EXPECT_EQ(result, 5);
+  ASSERT_EQ(writes.size(), 1u);
+  EXPECT_EQ(writes[0], ">LxDataAcces: первое [CTest::_First]\n"
+                       ">   второе [CTest::_Second]\n"
+                       ">   >   третье [CTest::_Third]\n");
+}
+
+TEST(CallFrame, BodyRunsOnlyWhenEveryHandleIsPresent) {
+  int calls = 0;
+  auto body = [&] { return ++calls; };
+  auto [first, firstWrites] = Captured([&] { return CallFrame("test_Handles").Handle(nullptr, "one").Handle(kSomeHandle, "two").Call(body); });
+  auto [second, secondWrites] = Captured([&] { return CallFrame("test_Handles").Handle(kSomeHandle, "one").Handle(nullptr, "two").Call(body); });
+  EXPECT_EQ(first, 0);
+  EXPECT_EQ(second, 0);
+  EXPECT_EQ(calls, 0);
+  EXPECT_EQ(firstWrites, Writes{FlushText({"Передан нулевой указатель на объект one (fun: test_Handles)"})});
+  EXPECT_EQ(secondWrites, Writes{FlushText({"Передан нулевой указатель на объект two (fun: test_Handles)"})});
+}
+
+TEST(CallFrame, NullStringFailsSilentlyAfterTheHandles) {
+  int calls = 0;
+  const wchar_t* text = L"text";
+  auto [result, writes] = Captured([&] {
+    return CallFrame("test_Strings").Handle(kSomeHandle, "h").Strings(text, static_cast<const wchar_t*>(nullptr)).Call([&] {
+      return ++calls == 1;
+    });
+  });
+  EXPECT_FALSE(result);
+  EXPECT_EQ(calls, 0);
+  EXPECT_TRUE(writes.empty());
+
+  // A null handle is still named when a string is null too.
+  auto [both, bothWrites] = Captured([&] {
+    return CallFrame("test_Strings").Handle(nullptr, "h").Strings(static_cast<const wchar_t*>(nullptr)).Call([] { return true; });
+  });
+  EXPECT_FALSE(both);
+  EXPECT_EQ(bothWrites, Writes{FlushText({"Передан нулевой указатель на объект h (fun: test_Strings)"})});
+}
+
+TEST(CallFrame, DatabaseExceptionGivesItsTextBehindTheFunctionName) {
+  auto [result, writes] = Captured([] {
+    return CallFrame("test_Database").Call([]() -> const wchar_t* {
+      lx_api::Report(L"до сбоя", "CTest::_Before");
+      throw IBPP::Exception("connection refused\nsecond line");
+    });
+  });
+  EXPECT_EQ(result, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"до сбоя [CTest::_Before]", " (fun: test_Database)\nconnection refused\nsecond line"})});
+}
+
+TEST(CallFrame, AnyOtherExceptionIsUnknownAndItsTextUnread) {
+  auto [runtime, runtimeWrites] = Captured([] {
+    return CallFrame("test_Runtime").Call([]() -> bool { throw std::runtime_error("must not appear"); });
+  });
+  auto [memory, memoryWrites] = Captured([] {
+    return CallFrame("test_Memory").Call([]() -> int { throw std::bad_alloc(); });
+  });
+  auto [thrownInt, intWrites] = Captured([] {
+    return CallFrame("test_Int").Call([]() -> void* { throw 42; });
+  });
+  EXPECT_FALSE(runtime);
+  EXPECT_EQ(memory, 0);
+  EXPECT_EQ(thrownInt, nullptr);
+  EXPECT_EQ(runtimeWrites, Writes{FlushText({" (fun: test_Runtime) Неизвестное исключение"})});
+  EXPECT_EQ(memoryWrites, Writes{FlushText({" (fun: test_Memory) Неизвестное исключение"})});
+  EXPECT_EQ(intWrites, Writes{FlushText({" (fun: test_Int) Неизвестное исключение"})});
+}
+
+TEST(CallFrame, NextCallStartsWithAnEmptyList) {
+  Captured([] { return CallFrame("test_Fail").Call([] { lx_api::Report(L"old", "CTest::_Old"); return false; }); });
+  EXPECT_FALSE(lx_api::Pending().Empty()) << "the list keeps its content until the next call";
+  auto [result, writes] = Captured([] { return CallFrame("test_Quiet").Call([] { return true; }); });
+  EXPECT_TRUE(result);
+  EXPECT_TRUE(writes.empty());
+  EXPECT_TRUE(lx_api::Pending().Empty());
+}
+
+TEST(CallFrame, QuietSuccessAllocatesNothing) {
+  // Fill the list once so that its capacity is there, as after any report.
+  Captured([] { return CallFrame("test_Warm").Call([] { lx_api::Report(L"warm", "CTest::_Warm"); return 0; }); });
+  allocations = 0;
+  countAllocations = true;
+  const int result = CallFrame("test_Quiet").Handle(kSomeHandle, "h").Handle(kSomeHandle, "i").Call([] { return 7; });
+  countAllocations = false;
+  EXPECT_EQ(result, 7);
+  EXPECT_EQ(allocations.load(), 0);
+}
+
+TEST(CallFrame, NestedFramesOnOneThreadDoNotDeadlock) {
+  auto [result, writes] = Captured([] {
+    return CallFrame("test_Outer").Call([] {
+      lx_api::Report(L"outer", "CTest::_Outer");
+      return CallFrame("test_Inner").Call([] { return 3; });
+    });
+  });
+  EXPECT_EQ(result, 3);
+  // The inner frame emptied the list at its start: the outer report is gone.
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST(CallFrame, ProgressRecordIsKeptWithoutTheFrameLock) {
+  std::promise<void> entered;
+  std::promise<void> release;
+  auto holder = std::async(std::launch::async, [&] {
+    return CallFrame("test_Holder").Call([&] {
+      entered.set_value();
+      release.get_future().wait();
+      return true;
+    });
+  });
+  entered.get_future().wait();
+
+  LxProgressControl control{};
+  control.head[0] = 0xAB;
+  control.tail[7] = 0xCD;
+  auto setter = std::async(std::launch::async, [&] { lxSetProgressControl(&control); });
+  const bool returnedWhileLocked = setter.wait_for(std::chrono::seconds(10)) == std::future_status::ready;
+  release.set_value();
+  EXPECT_TRUE(holder.get());
+  ASSERT_TRUE(returnedWhileLocked);
+  EXPECT_TRUE(lx_api::Progress().set);
+  EXPECT_EQ(lx_api::Progress().record.head[0], 0xAB);
+  EXPECT_EQ(lx_api::Progress().record.tail[7], 0xCD);
+  lxClearProgressControl();
+  EXPECT_FALSE(lx_api::Progress().set);
+}
+
+}  // namespace

@@ -1,0 +1,66 @@
+// The built library exports exactly what the public header declares: no
+// export without a declaration, and no internal symbol leaking beside them.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace {
+
+std::set<std::string> DeclaredExports() {
+  std::ifstream header(LX_HEADER_PATH);
+  std::set<std::string> names;
+  const std::regex declaration(R"(^LX_API\b[^(]*?\b([A-Za-z_][A-Za-z0-9_]*)\s*\()");
+  std::smatch match;
+  for (std::string line; std::getline(header, line);) {
+    if (std::regex_search(line, match, declaration)) names.insert(match[1]);
+  }
+  return names;
+}
+
+std::set<std::string> DefinedDynamicSymbols() {
+  std::set<std::string> names;
+  const std::string command = std::string("nm -D --defined-only '") + LX_LIBRARY_PATH + "'";
+  std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  if (!pipe) return names;
+  char line[4096];
+  while (std::fgets(line, sizeof line, pipe.get()) != nullptr) {
+    std::istringstream fields(line);
+    std::string address, type, name;
+    fields >> address >> type >> name;
+    if (!name.empty()) names.insert(name);
+  }
+  return names;
+}
+
+TEST(Exports, HeaderDeclaresEveryExportOfTheInterface) {
+  // The interface has 199 functions; the header is their contract even
+  // before every family has a body.
+  EXPECT_EQ(DeclaredExports().size(), 199u);
+}
+
+TEST(Exports, EveryDefinedSymbolIsADeclaredExport) {
+  const std::set<std::string> declared = DeclaredExports();
+  const std::set<std::string> defined = DefinedDynamicSymbols();
+  ASSERT_FALSE(defined.empty()) << "nm found no symbols in " << LX_LIBRARY_PATH;
+  for (const std::string& symbol : defined) {
+    EXPECT_TRUE(declared.count(symbol) == 1) << "exported but not declared: " << symbol;
+  }
+}
+
+TEST(Exports, FrameAndRegistryFamiliesAreDefined) {
+  const std::set<std::string> defined = DefinedDynamicSymbols();
+  for (const char* name : {"lxGetLibraryProviderPool", "lxGetLibraryProviderPoolForUlbPath", "lxAddLibraryProviderPool",
+                           "lxGetLibraryName", "lxDeleteProviderPool", "lxSetProgressControl",
+                           "lxClearProgressControl", "pool_FindProvider", "pool_GetProviderCount", "pool_GetProvider",
+                           "pool_DeleteProvider", "pool_GetUlbPath"}) {
+    EXPECT_TRUE(defined.count(name) == 1) << "missing export: " << name;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,24 @@
+// The text of a flush, built from the pending messages.
+#include <gtest/gtest.h>
+
+#include "api/PendingList.h"
+
+namespace {
+
+TEST(PendingList, FlushTextIndentsEachFurtherMessage) {
+  lx_api::PendingList list;
+  list.Append(L"a");
+  list.Append(L"b\nc");
+  list.Append(L"");
+  EXPECT_EQ(list.DebugText(), L">LxDataAcces: a\n>   b\nc\n>   >   \n");
+}
+
+TEST(PendingList, ClearForgetsMessagesButKeepsRoom) {
+  lx_api::PendingList list;
+  list.Append(L"one");
+  list.Clear();
+  EXPECT_TRUE(list.Empty());
+  EXPECT_EQ(list.DebugText(), L">LxDataAcces: ");
+}
+
+}  // namespace

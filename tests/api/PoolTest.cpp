@@ -1,0 +1,92 @@
+// A provider pool without providers, through the C interface: counting,
+// index checks, deletion of what the pool does not hold, null arguments.
+#include <gtest/gtest.h>
+
+#include "DebugOutput.h"
+#include "LxDataAccess.h"
+
+using lxtest::Captured;
+using lxtest::FlushText;
+using lxtest::Writes;
+
+namespace {
+
+class Pool : public ::testing::Test {
+ protected:
+  void SetUp() override { pool_ = lxAddLibraryProviderPool(L"PoolTestLibrary", L"/lib/pooltest.ulb"); }
+  void TearDown() override { lxDeleteProviderPool(pool_); }
+  LxProviderPool* pool_ = nullptr;
+};
+
+TEST_F(Pool, NewPoolIsEmptyAndSilent) {
+  auto [count, writes] = Captured([&] { return pool_GetProviderCount(pool_); });
+  EXPECT_EQ(count, 0);
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Pool, IndexOutOfRangeNamesTheGivenIndexAndTheCount) {
+  for (int32_t index : {-1, 0, 7, INT32_MIN, INT32_MAX}) {
+    auto [provider, writes] = Captured([&] { return pool_GetProvider(pool_, index); });
+    EXPECT_EQ(provider, nullptr);
+    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
+                                        " выходит за пределы диапазона [0, 0) [CProviderPool::_GetProvider]"})});
+  }
+}
+
+TEST_F(Pool, DeletingAProviderItDoesNotHoldReports) {
+  int notAProvider = 0;
+  auto* stranger = reinterpret_cast<LxDataProvider*>(&notAProvider);
+  auto [deleted, writes] = Captured([&] { return pool_DeleteProvider(pool_, stranger); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes, Writes{FlushText({"Не найден провайдер среди списка доступных провайдеров "
+                                      "[CProviderPool::_DeleteProvider]"})});
+  EXPECT_EQ(notAProvider, 0);
+}
+
+TEST_F(Pool, NullHandlesAreCheckedFirstToLast) {
+  auto [second, secondWrites] = Captured([&] { return pool_DeleteProvider(pool_, nullptr); });
+  EXPECT_FALSE(second);
+  EXPECT_EQ(secondWrites,
+            Writes{FlushText({"Передан нулевой указатель на объект prov (fun: pool_DeleteProvider)"})});
+
+  // With both null only the first is named.
+  auto [both, bothWrites] = Captured([] { return pool_DeleteProvider(nullptr, nullptr); });
+  EXPECT_FALSE(both);
+  EXPECT_EQ(bothWrites,
+            Writes{FlushText({"Передан нулевой указатель на объект pool (fun: pool_DeleteProvider)"})});
+}
+
+TEST_F(Pool, EveryPoolExportRejectsANullPoolByName) {
+  struct Case {
+    const char* function;
+    bool (*call)();
+  };
+  const Case cases[] = {
+      {"pool_GetProviderCount", [] { return pool_GetProviderCount(nullptr) == 0; }},
+      {"pool_GetProvider", [] { return pool_GetProvider(nullptr, 0) == nullptr; }},
+      {"pool_FindProvider", [] { return pool_FindProvider(nullptr, L"", L"x.fdb", L"SYSDBA") == nullptr; }},
+      {"pool_GetUlbPath", [] { return pool_GetUlbPath(nullptr) == nullptr; }},
+  };
+  for (const Case& c : cases) {
+    auto [failedAsZero, writes] = Captured(c.call);
+    EXPECT_TRUE(failedAsZero) << c.function;
+    EXPECT_EQ(writes, Writes{FlushText({std::string("Передан нулевой указатель на объект pool (fun: ") +
+                                        c.function + ")"})});
+  }
+}
+
+TEST_F(Pool, NullStringFailsWithoutMessage) {
+  auto [found, writes] = Captured([&] { return pool_FindProvider(pool_, L"", nullptr, L"SYSDBA"); });
+  EXPECT_EQ(found, nullptr);
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Pool, SuccessfulCallAfterAFailureIsSilent) {
+  auto [failed, failureWrites] = Captured([&] { return pool_GetProvider(pool_, 3); });
+  ASSERT_EQ(failureWrites.size(), 1u);
+  auto [path, writes] = Captured([&] { return pool_GetUlbPath(pool_); });
+  EXPECT_STREQ(path, L"/lib/pooltest.ulb");
+  EXPECT_TRUE(writes.empty());
+}
+
+}  // namespace

@@ -1,0 +1,123 @@
+// The registry of provider pools, through the C interface.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "DebugOutput.h"
+#include "LxDataAccess.h"
+
+using lxtest::Captured;
+using lxtest::FlushText;
+using lxtest::Writes;
+
+namespace {
+
+// Each test registers its own library names and deletes its pools again, so
+// the process-wide registry is the same after every test.
+class Registry : public ::testing::Test {
+ protected:
+  LxProviderPool* Add(const wchar_t* name, const wchar_t* path) {
+    LxProviderPool* pool = lxAddLibraryProviderPool(name, path);
+    if (pool != nullptr) created_.push_back(pool);
+    return pool;
+  }
+  void TearDown() override {
+    for (LxProviderPool* pool : created_) lxDeleteProviderPool(pool);
+  }
+
+ private:
+  std::vector<LxProviderPool*> created_;
+};
+
+TEST_F(Registry, AddingANameTwiceKeepsTheFirstPoolAndItsPath) {
+  LxProviderPool* first = Add(L"RegTwice", L"/lib/first.ulb");
+  LxProviderPool* second = lxAddLibraryProviderPool(L"RegTwice", L"/lib/second.ulb");
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(first, second);
+  EXPECT_STREQ(pool_GetUlbPath(first), L"/lib/first.ulb");
+  EXPECT_EQ(lxGetLibraryProviderPool(L"RegTwice"), first);
+}
+
+TEST_F(Registry, NamesThatDifferInCaseAreTwoLibraries) {
+  LxProviderPool* lower = Add(L"regcase", L"/a");
+  LxProviderPool* upper = Add(L"REGCASE", L"/b");
+  ASSERT_NE(lower, nullptr);
+  ASSERT_NE(upper, nullptr);
+  EXPECT_NE(lower, upper);
+  EXPECT_EQ(lxGetLibraryProviderPool(L"RegCase"), nullptr);
+}
+
+TEST_F(Registry, EmptyNameNeverHasAPool) {
+  auto [added, writes] = Captured([] { return lxAddLibraryProviderPool(L"", L"/lib/empty.ulb"); });
+  EXPECT_EQ(added, nullptr);
+  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(lxGetLibraryProviderPool(L""), nullptr);
+  // No pool was made behind the scenes: its path finds nothing.
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/lib/empty.ulb"), nullptr);
+}
+
+TEST_F(Registry, MissingNameIsNullWithoutMessage) {
+  auto [pool, writes] = Captured([] { return lxGetLibraryProviderPool(L"NoSuchLibrary"); });
+  EXPECT_EQ(pool, nullptr);
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Registry, UlbPathLookupFoldsLatinCaseButNotSeparators) {
+  LxProviderPool* pool = Add(L"RegPath", L"/Opt/Lib/Ducts.ULB");
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/opt/lib/ducts.ulb"), pool);
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/OPT/LIB/DUCTS.ULB"), pool);
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"\\Opt\\Lib\\Ducts.ULB"), nullptr);
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/Opt/Lib/Ducts.ULB/"), nullptr);
+}
+
+TEST_F(Registry, LibraryNameOverwritesItsOneStaticText) {
+  LxProviderPool* ducts = Add(L"RegDucts", L"/d");
+  LxProviderPool* pipes = Add(L"RegPipesLonger", L"/p");
+  const wchar_t* first = lxGetLibraryName(ducts);
+  EXPECT_STREQ(first, L"RegDucts");
+  const wchar_t* second = lxGetLibraryName(pipes);
+  EXPECT_EQ(first, second);
+  EXPECT_STREQ(first, L"RegPipesLonger");
+}
+
+TEST_F(Registry, LibraryNameOfADeletedPoolIsEmptyNotNull) {
+  LxProviderPool* pool = lxAddLibraryProviderPool(L"RegGone", L"/g");
+  ASSERT_TRUE(lxDeleteProviderPool(pool));
+  auto [name, writes] = Captured([&] { return lxGetLibraryName(pool); });
+  ASSERT_NE(name, nullptr);
+  EXPECT_STREQ(name, L"");
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Registry, DeletingAPoolTwiceReportsTheSecondTime) {
+  LxProviderPool* pool = lxAddLibraryProviderPool(L"RegDeleteTwice", L"/x");
+  EXPECT_TRUE(lxDeleteProviderPool(pool));
+  EXPECT_EQ(lxGetLibraryProviderPool(L"RegDeleteTwice"), nullptr);
+  auto [deleted, writes] = Captured([&] { return lxDeleteProviderPool(pool); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes, Writes{FlushText({"Не найден провайдер среди списка доступных провайдеров "
+                                      "[CLxDataAccess::_DeleteProviderPool]"})});
+}
+
+TEST_F(Registry, DeletedNameCanBeAddedAgainWithANewPath) {
+  LxProviderPool* old = lxAddLibraryProviderPool(L"RegReAdd", L"/old");
+  ASSERT_TRUE(lxDeleteProviderPool(old));
+  LxProviderPool* renewed = Add(L"RegReAdd", L"/new");
+  ASSERT_NE(renewed, nullptr);
+  EXPECT_STREQ(pool_GetUlbPath(renewed), L"/new");
+}
+
+TEST_F(Registry, NullPoolArgumentsNameTheArgumentAndTheFunction) {
+  auto [name, nameWrites] = Captured([] { return lxGetLibraryName(nullptr); });
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(nameWrites,
+            Writes{FlushText({"Передан нулевой указатель на объект pool (fun: lx_api::lxGetLibraryName)"})});
+
+  // One message only: the body, which would report a missing pool, never ran.
+  auto [deleted, deleteWrites] = Captured([] { return lxDeleteProviderPool(nullptr); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(deleteWrites,
+            Writes{FlushText({"Передан нулевой указатель на объект pool (fun: lxDeleteProviderPool)"})});
+}
+
+}  // namespace
