@@ -1,6 +1,7 @@
 // A tour of the library through its C interface, as a client would take it.
 #include <cstdio>
 #include <cwchar>
+#include <initializer_list>
 
 #include "LxDataAccess.h"
 
