@@ -1,6 +1,10 @@
-// The one exception type of the database layer. Whatever the Firebird client
-// reports (connection refused, SQL error, lock conflict) arrives as this, with
-// the client library's full error text; the call frame turns it into a message.
+// IBPP::Exception: the one failure type of the database layer. Whatever the
+// Firebird client library reports (a refused connection, bad credentials, an
+// SQL error, a lock conflict) arrives here with the library's full text, and
+// so do misuses of the layer itself (a column that does not exist, a value
+// that cannot be read as the asked-for type).
+//
+// Immutable once built; safe to read from any thread.
 #pragma once
 
 #include <exception>
@@ -10,11 +14,13 @@ namespace IBPP {
 
 class Exception : public std::exception {
  public:
-  explicit Exception(std::string text) : text_(std::move(text)) {}
-  const char* what() const noexcept override { return text_.c_str(); }
+  explicit Exception(std::string message);
+
+  // The message as the client library wrote it, lines joined by '\n'.
+  const char* what() const noexcept override;
 
  private:
-  std::string text_;
+  std::string message_;
 };
 
 }  // namespace IBPP

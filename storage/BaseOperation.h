@@ -1,0 +1,51 @@
+// BaseOperation: the scope of one database operation, and the base of every
+// class that holds SQL (the ...Operation classes). Constructing it attaches
+// to the provider's database and starts a transaction; ending it rolls back
+// whatever was not committed and detaches. No attachment, transaction or
+// statement outlives the scope: the library keeps no connection between
+// calls.
+//
+// Lives on the stack of one method call or worker task and is never shared
+// between threads. Movable, not copyable: a moved-from scope has no provider
+// and does nothing when it ends.
+#pragma once
+
+#include "storage/ibpp/IBPP.h"
+
+#include <memory>
+
+class CDataProvider;
+
+class BaseOperation {
+ public:
+  // Attaches and starts the transaction; an IBPP::Exception if either fails.
+  explicit BaseOperation(CDataProvider* provider);
+  virtual ~BaseOperation();
+
+  BaseOperation(BaseOperation&& other) noexcept;
+  BaseOperation& operator=(BaseOperation&&) = delete;
+  BaseOperation(const BaseOperation&) = delete;
+  BaseOperation& operator=(const BaseOperation&) = delete;
+
+  // Created and attached on first use.
+  IBPP::Database& GetDatabase();
+  // Created on first use; started by the constructor.
+  IBPP::Transaction& GetTransaction();
+
+ protected:
+  CDataProvider* Provider() const { return provider_; }
+  // A statement or blob on this scope's attachment and transaction. Release
+  // it before the scope ends.
+  IBPP::Statement NewStatement();
+  IBPP::Blob NewBlob();
+
+ private:
+  void End() noexcept;
+
+  // Not owned; null once moved from.
+  CDataProvider* provider_;
+  // Held by pointer so that statements keep valid references when the scope
+  // itself is moved.
+  std::unique_ptr<IBPP::Database> database_;
+  std::unique_ptr<IBPP::Transaction> transaction_;
+};

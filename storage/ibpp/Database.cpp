@@ -1,0 +1,107 @@
+#include "storage/ibpp/Database.h"
+
+#include "storage/ibpp/StatusVector.h"
+
+#include <utility>
+#include <vector>
+
+namespace IBPP {
+namespace {
+
+constexpr const char* kWhere = "Database";
+
+// Database parameter buffer, version 1: tag, one length byte, bytes.
+class ParameterBuffer {
+ public:
+  ParameterBuffer() { bytes_.push_back(isc_dpb_version1); }
+
+  void AddText(char tag, const std::string& value) {
+    if (value.size() > 255) detail::ThrowUsageError(kWhere, "a connection parameter is longer than 255 bytes");
+    bytes_.push_back(tag);
+    bytes_.push_back(static_cast<char>(value.size()));
+    bytes_.insert(bytes_.end(), value.begin(), value.end());
+  }
+
+  const char* Data() const { return bytes_.data(); }
+  short Size() const { return static_cast<short>(bytes_.size()); }
+
+ private:
+  std::vector<char> bytes_;
+};
+
+// A literal for the text of CREATE DATABASE.
+std::string Quoted(const std::string& text) {
+  std::string quoted = "'";
+  for (char c : text) {
+    quoted += c;
+    if (c == '\'') quoted += '\'';
+  }
+  quoted += '\'';
+  return quoted;
+}
+
+}  // namespace
+
+Database::Database(std::string server, std::string path, std::string user, std::string password,
+                   std::string role, std::string charSet, std::string createParams)
+    : server_(std::move(server)),
+      path_(std::move(path)),
+      user_(std::move(user)),
+      password_(std::move(password)),
+      role_(std::move(role)),
+      charSet_(std::move(charSet)),
+      createParams_(std::move(createParams)) {}
+
+Database::~Database() {
+  if (handle_ == 0) return;
+  detail::StatusVector status;
+  isc_detach_database(status.Get(), &handle_);
+}
+
+std::string Database::ConnectionTarget() const {
+  if (server_.empty()) return path_;
+  return server_ + ":" + path_;
+}
+
+void Database::Create() {
+  if (Connected()) detail::ThrowUsageError(kWhere, "Create on an attached database");
+  std::string sql = "CREATE DATABASE " + Quoted(ConnectionTarget());
+  if (!user_.empty()) sql += " USER " + Quoted(user_);
+  if (!password_.empty()) sql += " PASSWORD " + Quoted(password_);
+  if (!createParams_.empty()) sql += " " + createParams_;
+  if (sql.size() > 65535) detail::ThrowUsageError(kWhere, "CREATE DATABASE text too long");
+
+  detail::StatusVector status;
+  isc_tr_handle noTransaction = 0;
+  isc_dsql_execute_immediate(status.Get(), &handle_, &noTransaction, static_cast<unsigned short>(sql.size()),
+                             sql.c_str(), kDialect, nullptr);
+  status.ThrowIfFailed();
+}
+
+void Database::Connect() {
+  if (Connected()) return;
+  ParameterBuffer parameters;
+  if (!user_.empty()) parameters.AddText(isc_dpb_user_name, user_);
+  if (!password_.empty()) parameters.AddText(isc_dpb_password, password_);
+  if (!role_.empty()) parameters.AddText(isc_dpb_sql_role_name, role_);
+  if (!charSet_.empty()) parameters.AddText(isc_dpb_lc_ctype, charSet_);
+
+  const std::string target = ConnectionTarget();
+  if (target.size() > 32767) detail::ThrowUsageError(kWhere, "database path too long");
+  detail::StatusVector status;
+  isc_attach_database(status.Get(), static_cast<short>(target.size()), target.c_str(), &handle_,
+                      parameters.Size(), parameters.Data());
+  if (status.Failed()) {
+    handle_ = 0;
+    status.ThrowIfFailed();
+  }
+}
+
+void Database::Disconnect() {
+  if (!Connected()) return;
+  detail::StatusVector status;
+  isc_detach_database(status.Get(), &handle_);
+  status.ThrowIfFailed();
+}
+
+}  // namespace IBPP
