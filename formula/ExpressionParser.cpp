@@ -57,14 +57,14 @@ bool IsFunctionName(std::wstring_view name) {
 FormulaPtr MakeConstant(Value value) { return std::make_unique<CSingleValueFormula>(std::move(value)); }
 
 std::wstring AttributeNameOf(std::wstring_view word) {
-  // The elevation of a point is asked for under its old name in some catalogs.
+  // "HPOINT" is the formula spelling of the attribute named "elevation".
   if (word == L"HPOINT") return L"elevation";
   return std::wstring(word);
 }
 
 }  // namespace
 
-FormulaPtr ExpressionParser::ParseCondition(size_t start, size_t end) const {
+FormulaPtr ExpressionParser::ParseCondition(size_t start, size_t end) {
   if (start >= end || !scanner_.TrimRange(start, end)) return nullptr;
   for (const auto& [text, operation] : kConditionOperators) {
     const size_t at = scanner_.FindAtTopLevel(start, end, text);
@@ -77,24 +77,40 @@ FormulaPtr ExpressionParser::ParseCondition(size_t start, size_t end) const {
   return ParseExpression(start, end);
 }
 
-FormulaPtr ExpressionParser::ParseExpression(size_t start, size_t end) const {
+FormulaPtr ExpressionParser::ParseExpression(size_t start, size_t end) {
+  FormulaPtr tree = SplitExpression(start, end);
+  completedRanges_.emplace(start, end);
+  return tree;
+}
+
+void ExpressionParser::CheckExpression(size_t start, size_t end) {
+  if (completedRanges_.contains({start, end})) return;
+  ParseExpression(start, end);
+}
+
+FormulaPtr ExpressionParser::SplitExpression(size_t start, size_t end) {
   if (start >= end || !scanner_.TrimRange(start, end)) return nullptr;
   for (const wchar_t operation : kArithmeticOperators) {
     const size_t at = scanner_.FindAtTopLevel(start, end, std::wstring_view(&operation, 1));
     if (at == FormulaScanner::kNotFound) continue;
-    // Both sides are parsed even when the first is already empty, so that a
-    // syntax error behind the operator is reported all the same. Only this
-    // first occurrence is tried: "-5-3" does not split at its second "-".
+    // Only this first occurrence is tried: "-5-3" does not split at its
+    // second "-". When the left side is empty the right side is still
+    // parsed, so that a syntax error behind the operator is reported all the
+    // same; its tree isn't needed.
     FormulaPtr left = ParseExpression(start, at);
+    if (!left) {
+      CheckExpression(at + 1, end);
+      continue;
+    }
     FormulaPtr right = ParseExpression(at + 1, end);
-    if (left && right) return std::make_unique<CCalcFormula>(operation, std::move(left), std::move(right));
+    if (right) return std::make_unique<CCalcFormula>(operation, std::move(left), std::move(right));
   }
   if (FormulaPtr call = ParseFunctionCall(start, end)) return call;
   if (FormulaPtr operand = ParseOperand(start, end)) return operand;
   return MakeConstant(std::wstring(scanner_.View()));
 }
 
-FormulaPtr ExpressionParser::ParseFunctionCall(size_t start, size_t end) const {
+FormulaPtr ExpressionParser::ParseFunctionCall(size_t start, size_t end) {
   const std::wstring_view view = scanner_.View();
   const size_t open = view.find(L'(', start);
   if (open == std::wstring_view::npos || open >= end) return nullptr;
@@ -107,7 +123,7 @@ FormulaPtr ExpressionParser::ParseFunctionCall(size_t start, size_t end) const {
   return std::make_unique<CFunctionFormula>(std::wstring(name), SplitArguments(open + 1, close));
 }
 
-std::vector<FormulaPtr> ExpressionParser::SplitArguments(size_t start, size_t end) const {
+std::vector<FormulaPtr> ExpressionParser::SplitArguments(size_t start, size_t end) {
   std::vector<FormulaPtr> arguments;
   auto addArgument = [&](size_t from, size_t to) {
     FormulaPtr argument = ParseExpression(from, to);

@@ -37,7 +37,8 @@ BraceSpan NextBraceSpan(std::wstring_view text, size_t position) {
 FormulaPtr ParseBracedExpression(std::wstring_view expression) {
   // Each expression is a view of its own, so that matching brackets and
   // "the end of the view" stop at its closing brace.
-  if (FormulaPtr tree = ExpressionParser(expression).ParseExpression(0, expression.size())) return tree;
+  ExpressionParser parser(expression);
+  if (FormulaPtr tree = parser.ParseExpression(0, expression.size())) return tree;
   return std::make_unique<CSingleValueFormula>(std::wstring(expression));
 }
 
@@ -59,5 +60,6 @@ FormulaPtr ParseTextFormula(std::wstring_view text) {
 
 FormulaPtr ParseConditionFormula(std::wstring_view text, size_t start, size_t end) {
   end = std::min(end, text.size());
-  return ExpressionParser(text).ParseCondition(start, end);
+  ExpressionParser parser(text);
+  return parser.ParseCondition(start, end);
 }

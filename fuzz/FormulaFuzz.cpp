@@ -78,8 +78,8 @@ class Input {
   size_t position_ = 0;
 };
 
-// Every kind of value, the corners of the integers, and a cycle of names is
-// not possible here: reads are table look-ups, so evaluation always ends.
+// Every kind of value and the corners of the integers. Reads are table
+// look-ups, never formulas in turn, so every evaluation ends.
 class FixedSource : public IFormulaDataSource {
  public:
   Value& GetValueByName(Value& result, const std::wstring& name, const NumberFormat&) override {
