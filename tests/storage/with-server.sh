@@ -1,0 +1,144 @@
+#!/usr/bin/env bash
+# Runs a command against a private Firebird server of its own and stops the
+# server again, whatever the command does:
+#
+#   tests/storage/with-server.sh <command> [arguments...]
+#
+# The server listens on 127.0.0.1 only, on a free port of its own, with its
+# own configuration, lock folder and security database (SYSDBA with a
+# password of this run) in a temporary folder; the system's service and its
+# files are not touched. The command gets:
+#
+#   LX_TEST_SERVER    "127.0.0.1/<port>", the server part of a connection
+#   LX_TEST_DB_DIR    a folder the server may write, for the databases
+#   LX_TEST_USER      SYSDBA
+#   LX_TEST_PASSWORD  the password of this run
+#
+# Database files made in LX_TEST_DB_DIR take its group (firebird) and need
+# group read/write for the server to open them.
+#
+# Needs root (the server runs as user firebird). Exit code: the command's,
+# or 2 when the server could not be set up.
+set -euo pipefail
+
+if [[ $# -lt 1 ]]; then
+  echo "usage: $0 <command> [arguments...]" >&2
+  exit 2
+fi
+if [[ $(id -u) -ne 0 ]]; then
+  echo "$0: must run as root, the server runs as user firebird" >&2
+  exit 2
+fi
+
+engine_root=${LX_FIREBIRD_ROOT:-/usr/lib/x86_64-linux-gnu/firebird/3.0}
+system_security=${LX_FIREBIRD_SECURITY_DB:-/var/lib/firebird/3.0/system/security3.fdb}
+guard=/usr/sbin/fbguard
+password="lx-$(od -An -N6 -tx1 /dev/urandom | tr -d ' \n')"
+
+work=$(mktemp -d /tmp/lx-fbserver.XXXXXX)
+guard_pid=""
+
+stop_server() {
+  if [[ -n $guard_pid ]] && kill -0 "$guard_pid" 2>/dev/null; then
+    # The guard takes the server down with it; the bare server may ignore TERM.
+    kill -TERM "$guard_pid" 2>/dev/null || true
+    for _ in $(seq 100); do
+      kill -0 "$guard_pid" 2>/dev/null || break
+      sleep 0.1
+    done
+    if kill -0 "$guard_pid" 2>/dev/null; then
+      kill -KILL "$guard_pid" 2>/dev/null || true
+    fi
+    wait "$guard_pid" 2>/dev/null || true
+  fi
+  if [[ -s $work/server.pid ]]; then
+    local server_pid
+    server_pid=$(cat "$work/server.pid")
+    if kill -0 "$server_pid" 2>/dev/null; then
+      kill -KILL "$server_pid" 2>/dev/null || true
+    fi
+  fi
+  rm -rf "$work"
+}
+trap stop_server EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+fail_setup() {
+  echo "$0: $1" >&2
+  [[ -f $work/guard.log ]] && cat "$work/guard.log" >&2
+  [[ -f $work/root/firebird.log ]] && tail -20 "$work/root/firebird.log" >&2
+  exit 2
+}
+
+port_in_use() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
+
+pick_port() {
+  if [[ -n ${LX_TEST_SERVER_PORT:-} ]]; then
+    echo "$LX_TEST_SERVER_PORT"
+    return
+  fi
+  local candidate
+  for candidate in $(shuf -i 30500-30999 -n 50); do
+    if ! port_in_use "$candidate"; then
+      echo "$candidate"
+      return
+    fi
+  done
+  fail_setup "no free port found"
+}
+
+[[ -d $engine_root ]] || fail_setup "no Firebird engine at $engine_root"
+[[ -f $system_security ]] || fail_setup "no security database at $system_security"
+
+# A private engine root: a copy, because its firebird.conf and plugins.conf
+# are links into /etc and must not be written through.
+cp -rL "$engine_root" "$work/root"
+rm -f "$work/root/firebird.conf"
+port=$(pick_port)
+cat > "$work/root/firebird.conf" <<CONF
+RemoteServicePort = $port
+RemoteBindAddress = 127.0.0.1
+SecurityDatabase = $work/security3.fdb
+ServerMode = Super
+CONF
+mkdir -p "$work/lock" "$work/setup-lock" "$work/tmp" "$work/db"
+cp "$system_security" "$work/security3.fdb"
+
+# Set SYSDBA's password in the private security database, embedded, before
+# the server holds the file.
+echo "create or alter user SYSDBA password '$password'; commit;" |
+  FIREBIRD="$work/root" FIREBIRD_LOCK="$work/setup-lock" isql-fb -q -user SYSDBA "$work/security3.fdb" \
+    > "$work/setup.log" 2>&1 || { cat "$work/setup.log" >&2; fail_setup "could not set the SYSDBA password"; }
+rm -rf "$work/setup-lock"
+
+chown -R firebird:firebird "$work"
+chmod 0755 "$work"
+# New database files take the folder's group, so the server can open them.
+chmod 2775 "$work/db"
+
+( cd "$work" && exec setpriv --reuid=firebird --regid=firebird --init-groups \
+    env FIREBIRD="$work/root" FIREBIRD_LOCK="$work/lock" FIREBIRD_TMP="$work/tmp" \
+    "$guard" -forever -pidfile "$work/server.pid" ) > "$work/guard.log" 2>&1 &
+guard_pid=$!
+
+ready=""
+for _ in $(seq 150); do
+  kill -0 "$guard_pid" 2>/dev/null || fail_setup "the server guard ended at once"
+  if port_in_use "$port"; then
+    ready=yes
+    break
+  fi
+  sleep 0.1
+done
+[[ -n $ready ]] || fail_setup "the server did not listen on 127.0.0.1:$port"
+
+set +e
+(
+  umask 0002
+  export LX_TEST_SERVER="127.0.0.1/$port" LX_TEST_DB_DIR="$work/db" LX_TEST_USER=SYSDBA LX_TEST_PASSWORD="$password"
+  exec "$@"
+)
+status=$?
+set -e
+exit "$status"
