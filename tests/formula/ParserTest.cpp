@@ -84,6 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, TextFormulaShape, testing::Values(
     ShapeCase{L"{A1-A2+A3}", L"((A1 - A2) + A3)"},
     ShapeCase{L"{-5+3}", L"(-5 + 3)"},
     ShapeCase{L"{-5-3}", L"[-5-3]"},
+    ShapeCase{L"{-a*-b*-c}", L"([-a] * ([-b] * [-c]))"},
     ShapeCase{L"{2*-3}", L"([2*] - 3)"},
     ShapeCase{L"{1e-5}", L"([1e] - 5)"},
     ShapeCase{L"{\"a\"+A2}", L"(\"a\" + A2)"},
