@@ -5,6 +5,8 @@
 
 #include "api/LibraryState.h"
 #include "api/Report.h"
+#include "storage/BaseOperation.h"
+#include "storage/CDataProvider.h"
 #include "storage/CProviderPool.h"
 
 namespace {
@@ -16,6 +18,29 @@ bool EqualLowered(std::wstring_view left, std::wstring_view right) {
   }
   return true;
 }
+
+std::wstring Lowered(std::wstring_view text) {
+  std::wstring lowered(text);
+  for (wchar_t& ch : lowered) ch = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(ch)));
+  return lowered;
+}
+
+// A path with every run of separators, of either kind, as one '/'.
+std::wstring PathElements(std::wstring_view path) {
+  std::wstring normal;
+  normal.reserve(path.size());
+  for (wchar_t ch : path) {
+    const bool separator = ch == L'/' || ch == L'\\';
+    if (!separator) {
+      normal += ch;
+    } else if (normal.empty() || normal.back() != L'/') {
+      normal += L'/';
+    }
+  }
+  return normal;
+}
+
+bool SamePath(std::wstring_view left, std::wstring_view right) { return PathElements(left) == PathElements(right); }
 
 }  // namespace
 
@@ -49,6 +74,22 @@ std::wstring CLxDataAccess::GetLibraryName(const CProviderPool* pool) {
     if (owned && owned.get() == pool) return name;
   }
   return {};
+}
+
+void CLxDataAccess::ReloadProvider(std::wstring_view server, std::wstring_view database) {
+  const std::wstring wantedServer = Lowered(server);
+  const std::wstring wantedDatabase = Lowered(database);
+  for (const auto& [name, pool] : lx_api::Registry()) {
+    if (!pool) continue;
+    // The count is read anew for every index: a load may report, never add.
+    for (std::int32_t index = 0; index < pool->GetProviderCount(); ++index) {
+      CDataProvider* provider = pool->ProviderAt(static_cast<std::size_t>(index));
+      if (!SamePath(Lowered(provider->GetServerName()), wantedServer)) continue;
+      if (!SamePath(Lowered(provider->GetDatabaseName()), wantedDatabase)) continue;
+      provider->ClearCaches();
+      BaseOperation::BasicLoading(provider);  // a failed load has reported
+    }
+  }
 }
 
 bool CLxDataAccess::_DeleteProviderPool(CProviderPool* pool) {

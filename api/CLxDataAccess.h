@@ -26,6 +26,10 @@ class CLxDataAccess {
   // The name the pool is registered under; empty when it is not registered.
   static std::wstring GetLibraryName(const CProviderPool* pool);
 
+  // Reloads every provider of every pool whose server and database path
+  // match: lowered, compared element by element with '/' and '\\' alike.
+  static void ReloadProvider(std::wstring_view server, std::wstring_view database);
+
   // Removes and destroys the pool; reports and returns false when it is not
   // registered.
   static bool _DeleteProviderPool(CProviderPool* pool);

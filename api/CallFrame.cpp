@@ -1,5 +1,7 @@
 #include "api/CallFrame.h"
 
+#include <stdexcept>
+
 #include "platform/TextCodec.h"
 #include "storage/ibpp/Exception.h"
 
@@ -38,6 +40,11 @@ void CallFrame::ReportCurrentException() noexcept {
   } catch (...) {
     // Reporting itself ran out of memory; the failure result still stands.
   }
+}
+
+std::wstring_view Required(const wchar_t* text) {
+  if (text == nullptr) throw std::invalid_argument("null string argument");
+  return text;
 }
 
 }  // namespace lx_api

@@ -15,6 +15,7 @@
 #pragma once
 
 #include <mutex>
+#include <string_view>
 #include <type_traits>
 
 #include "api/LibraryState.h"
@@ -68,5 +69,10 @@ class CallFrame {
   const char* function_;
   bool failed_ = false;
 };
+
+// A string argument the interface does not test for null: the caller's
+// duty. A null one still must not crash the process, so it throws and the
+// frame answers with its "unknown exception" message and the zero result.
+std::wstring_view Required(const wchar_t* text);
 
 }  // namespace lx_api

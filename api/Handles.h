@@ -8,6 +8,9 @@
 
 class CProviderPool;
 class CDataProvider;
+class CPacket;
+class CFolder;
+class CFolderTable;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
   inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
@@ -17,6 +20,9 @@ namespace lx_api {
 
 LX_BIND_HANDLE(LxProviderPool, CProviderPool)
 LX_BIND_HANDLE(LxDataProvider, CDataProvider)
+LX_BIND_HANDLE(LxPacket, CPacket)
+LX_BIND_HANDLE(LxFolder, CFolder)
+LX_BIND_HANDLE(LxFolderTable, CFolderTable)
 
 }  // namespace lx_api
 

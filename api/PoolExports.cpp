@@ -8,6 +8,13 @@ using lx_api::CallFrame;
 using lx_api::Obj;
 using lx_api::ToHandle;
 
+LX_API LxDataProvider* pool_AddProvider(LxProviderPool* pool, const wchar_t* server, const wchar_t* database,
+                                        const wchar_t* user, const wchar_t* password) {
+  return CallFrame("pool_AddProvider").Handle(pool, "pool").Strings(server, database, user, password).Call([&] {
+    return ToHandle(Obj(pool)->_AddProvider(server, database, user, password));
+  });
+}
+
 LX_API LxDataProvider* pool_FindProvider(LxProviderPool* pool, const wchar_t* server, const wchar_t* database,
                                          const wchar_t* user) {
   return CallFrame("pool_FindProvider").Handle(pool, "pool").Strings(server, database, user).Call([&] {
@@ -33,4 +40,10 @@ LX_API bool pool_DeleteProvider(LxProviderPool* pool, LxDataProvider* prov) {
 
 LX_API const wchar_t* pool_GetUlbPath(LxProviderPool* pool) {
   return CallFrame("pool_GetUlbPath").Handle(pool, "pool").Call([&] { return Obj(pool)->GetUlbPath().c_str(); });
+}
+
+LX_API LxPacket* pool_FindPacket(LxProviderPool* pool, const wchar_t* packetName) {
+  return CallFrame("pool_FindPacket").Handle(pool, "pool").Strings(packetName).Call([&] {
+    return ToHandle(Obj(pool)->FindPacket(packetName));
+  });
 }

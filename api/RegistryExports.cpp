@@ -8,26 +8,27 @@
 
 using lx_api::CallFrame;
 using lx_api::Obj;
+using lx_api::Required;
 using lx_api::ToHandle;
 
 // The registry's string arguments are the caller's duty: they are not tested
-// for null.
+// for null, and a null one ends as an unknown exception.
 
 LX_API LxProviderPool* lxGetLibraryProviderPool(const wchar_t* libraryName) {
   return CallFrame("lx_api::lxGetLibraryProviderPool").Call([&] {
-    return ToHandle(CLxDataAccess::GetPool(libraryName));
+    return ToHandle(CLxDataAccess::GetPool(std::wstring(Required(libraryName))));
   });
 }
 
 LX_API LxProviderPool* lxGetLibraryProviderPoolForUlbPath(const wchar_t* ulbPath) {
   return CallFrame("lx_api::lxGetLibraryProviderPoolForUlbPath").Call([&] {
-    return ToHandle(CLxDataAccess::GetPoolForUlbPath(ulbPath));
+    return ToHandle(CLxDataAccess::GetPoolForUlbPath(Required(ulbPath)));
   });
 }
 
 LX_API LxProviderPool* lxAddLibraryProviderPool(const wchar_t* libraryName, const wchar_t* ulbPath) {
   return CallFrame("lx_api::lxAddLibraryProviderPool").Call([&] {
-    return ToHandle(CLxDataAccess::AddPool(libraryName, ulbPath));
+    return ToHandle(CLxDataAccess::AddPool(std::wstring(Required(libraryName)), Required(ulbPath)));
   });
 }
 
@@ -41,6 +42,13 @@ LX_API const wchar_t* lxGetLibraryName(LxProviderPool* pool) {
 LX_API bool lxDeleteProviderPool(LxProviderPool* pool) {
   return CallFrame("lxDeleteProviderPool").Handle(pool, "pool").Call([&] {
     return CLxDataAccess::_DeleteProviderPool(Obj(pool));
+  });
+}
+
+LX_API bool lxReloadProvider(const wchar_t* server, const wchar_t* database) {
+  return CallFrame("lxReloadProvider").Strings(server, database).Call([&] {
+    CLxDataAccess::ReloadProvider(server, database);
+    return true;
   });
 }
 

@@ -1,12 +1,20 @@
 // CDataProvider: one catalog database as the library sees it. It holds the
-// connection strings (never a connection: every operation attaches anew), and
-// what the loads have read of the catalog.
+// connection strings (never a connection: every operation attaches anew),
+// the packets of the catalog, the two attribute dictionaries and the
+// parameters read so far.
 //
 // Owned by its CProviderPool. Not thread-safe: every use runs under the frame
-// lock, except worker tasks, which only read the connection strings.
+// lock, except a packet load's worker tasks, which only read the connection
+// strings and the dictionaries while no export can run.
 #pragma once
 
+#include <cstdint>
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
+
+class CPacket;
 
 class CDataProvider {
  public:
@@ -16,13 +24,56 @@ class CDataProvider {
   CDataProvider(const CDataProvider&) = delete;
   CDataProvider& operator=(const CDataProvider&) = delete;
 
+  // Fixed for the provider's life.
   const std::wstring& GetServerName() const { return server_; }
   const std::wstring& GetDatabaseName() const { return database_; }
   const std::wstring& GetUserName() const { return user_; }
   const std::wstring& GetPassword() const { return password_; }
 
+  // Packets, in the order of the load, then of creation.
+  std::int32_t GetPacketCount() const { return static_cast<std::int32_t>(packets_.size()); }
+  CPacket* _GetPacket(std::int32_t index) const;
+  // The first packet with exactly this name; loads nothing.
+  CPacket* GetPacketByName(const std::wstring& name) const;
+  void AppendPacket(std::unique_ptr<CPacket> packet);
+  // Room for the packets of a whole catalog, once, at the first load.
+  void ReservePackets();
+  CPacket* _AddPacket(const std::wstring& name);
+  bool _ReNamePacket(CPacket* packet, const std::wstring& name);
+  // Forgets the packet and destroys its tree; the database keeps it.
+  bool _ClearPacketCache(CPacket* packet);
+
+  // The attribute dictionaries: id to text, as loaded and as looked up.
+  void SetAttributeName(std::int32_t id, std::wstring name) { attributeNames_[id] = std::move(name); }
+  void SetAttributeDescription(std::int32_t id, std::wstring text) { attributeDescriptions_[id] = std::move(text); }
+  const std::map<std::int32_t, std::wstring>& AttributeNames() const { return attributeNames_; }
+  const std::map<std::int32_t, std::wstring>& AttributeDescriptions() const { return attributeDescriptions_; }
+  // The id of a text, from memory or else from the database, which makes the
+  // row if there is none.
+  std::int32_t GetAttributeNameId(const std::wstring& name);
+  std::int32_t GetAttributeDescriptionId(const std::wstring& description);
+
+  // A BASE_PARAM value, remembered once read; null with reports when the
+  // catalog has none.
+  const wchar_t* _GetParam(const std::wstring& name, const std::wstring& tag);
+
+  // Drops everything read from the catalog: packets, dictionaries,
+  // parameters. Only the connection strings stay.
+  void ClearCaches();
+
  private:
-  // Fixed for the provider's life.
+  struct Param {
+    std::wstring name;
+    std::wstring tag;
+    std::wstring value;
+  };
+
+  std::vector<std::unique_ptr<CPacket>> packets_;
+  std::map<std::int32_t, std::wstring> attributeNames_;
+  std::map<std::int32_t, std::wstring> attributeDescriptions_;
+  // One heap record per parameter, so that a returned value stays put while
+  // the list grows.
+  std::vector<std::unique_ptr<Param>> params_;
   const std::wstring server_;
   const std::wstring database_;
   const std::wstring user_;

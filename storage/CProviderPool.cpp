@@ -4,6 +4,7 @@
 
 #include "api/Report.h"
 #include "catalog/FoldEquals.h"
+#include "storage/BaseOperation.h"
 #include "storage/CDataProvider.h"
 
 namespace {
@@ -58,7 +59,24 @@ CDataProvider* CProviderPool::FindEqualConnection(std::wstring_view server, std:
   return nullptr;
 }
 
-void CProviderPool::Append(std::unique_ptr<CDataProvider> provider) { providers_.push_back(std::move(provider)); }
+CDataProvider* CProviderPool::_AddProvider(const std::wstring& server, const std::wstring& database,
+                                           const std::wstring& user, const std::wstring& password) {
+  if (CDataProvider* attached = FindEqualConnection(server, database, user)) return attached;
+  auto provider = std::make_unique<CDataProvider>(server, database, user, password);
+  if (!BaseOperation::BasicLoading(provider.get())) {
+    lx_api::Report(L"Не смогли провести начальную загрузку из базы данных", "CProviderPool::_AddProvider");
+    return nullptr;
+  }
+  providers_.push_back(std::move(provider));
+  return providers_.back().get();
+}
+
+CPacket* CProviderPool::FindPacket(const std::wstring& name) const {
+  for (const auto& provider : providers_) {
+    if (CPacket* packet = provider->GetPacketByName(name)) return packet;
+  }
+  return nullptr;
+}
 
 bool CProviderPool::_DeleteProvider(CDataProvider* provider) {
   const auto found = std::find_if(providers_.begin(), providers_.end(),

@@ -120,4 +120,18 @@ TEST_F(Registry, NullPoolArgumentsNameTheArgumentAndTheFunction) {
             Writes{FlushText({"Передан нулевой указатель на объект pool (fun: lxDeleteProviderPool)"})});
 }
 
+TEST_F(Registry, NullNameOrPathFailsInsteadOfCrashing) {
+  auto [byName, nameWrites] = Captured([] { return lxGetLibraryProviderPool(nullptr); });
+  EXPECT_EQ(byName, nullptr);
+  EXPECT_EQ(nameWrites, Writes{FlushText({" (fun: lx_api::lxGetLibraryProviderPool) Неизвестное исключение"})});
+  auto [byPath, pathWrites] = Captured([] { return lxGetLibraryProviderPoolForUlbPath(nullptr); });
+  EXPECT_EQ(byPath, nullptr);
+  EXPECT_EQ(pathWrites,
+            Writes{FlushText({" (fun: lx_api::lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение"})});
+  auto [added, addWrites] = Captured([] { return lxAddLibraryProviderPool(L"RegNullPath", nullptr); });
+  EXPECT_EQ(added, nullptr);
+  EXPECT_EQ(addWrites, Writes{FlushText({" (fun: lx_api::lxAddLibraryProviderPool) Неизвестное исключение"})});
+  EXPECT_EQ(lxGetLibraryProviderPool(L"RegNullPath"), nullptr);
+}
+
 }  // namespace

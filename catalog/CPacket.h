@@ -1,0 +1,49 @@
+// CPacket: the top unit of a catalog, a named folder tree inside one
+// database. Its name and folders are read when the provider attaches; the
+// rest of its content is read the first time anything below a folder is
+// asked for (Load). Owned by its CDataProvider; owns its root folder.
+//
+// Not thread-safe: every use runs under the frame lock.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class CDataProvider;
+class CFolder;
+
+class CPacket {
+ public:
+  CPacket(std::int32_t id, std::wstring name, CDataProvider* provider);
+  ~CPacket();
+
+  CPacket(const CPacket&) = delete;
+  CPacket& operator=(const CPacket&) = delete;
+
+  std::int32_t GetId() const { return id_; }
+  const std::wstring& GetName() const { return name_; }
+  CFolder* GetRootFolder() const { return rootFolder_.get(); }
+  CDataProvider* GetProvider() const { return provider_; }
+  bool IsLoaded() const { return loaded_; }
+
+  // Memory only: for the loaders and for writes that have been committed.
+  void AssignName(std::wstring name) { name_ = std::move(name); }
+  // Takes the root folder and sets this packet on the whole tree.
+  void SetRootFolder(std::unique_ptr<CFolder> root);
+
+  // Makes sure the content is in memory; a failed load is tried again on
+  // the next call.
+  bool Load();
+
+  // Renames any folder; uses nothing of a packet object, since folder_SetName
+  // has no packet at hand.
+  static bool _RenameFolder(CFolder* folder, const std::wstring& name);
+
+ private:
+  std::int32_t id_;
+  std::wstring name_;
+  std::unique_ptr<CFolder> rootFolder_;
+  CDataProvider* provider_;
+  bool loaded_ = false;
+};

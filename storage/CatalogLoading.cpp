@@ -1,0 +1,105 @@
+// The basic load of a catalog: packets, the whole folder tree and the two
+// attribute dictionaries, read when a provider attaches and again on reload.
+// Everything below the folders waits for the first touch of its packet.
+#include <optional>
+
+#include "api/Report.h"
+#include "catalog/CFolder.h"
+#include "catalog/CPacket.h"
+#include "storage/BaseOperation.h"
+#include "storage/CDataProvider.h"
+#include "storage/DbText.h"
+#include "storage/FolderTreeLinker.h"
+
+namespace {
+
+constexpr const char* kBasicLoading = "BaseOperation::BasicLoading";
+
+}  // namespace
+
+bool BaseOperation::BasicLoading(CDataProvider* provider) {
+  BaseOperation operation(provider);
+  if (!operation.LoadPacketsAndFolders()) {
+    lx_api::Report(L"Ошибка при загрузке пакетов и фолдеров", kBasicLoading);
+    return false;
+  }
+  if (!operation.LoadAttributeNames()) {
+    lx_api::Report(L"Ошибка при загрузке имен атрибутов", kBasicLoading);
+    return false;
+  }
+  if (!operation.LoadAttributeDescriptions()) {
+    lx_api::Report(L"Ошибка при загрузке описаний атрибутов", kBasicLoading);
+    return false;
+  }
+  return true;
+}
+
+bool BaseOperation::LoadAttributeNames() {
+  IBPP::Statement statement = NewStatement();
+  statement.Execute("SELECT ID, NAME FROM ATTRIBUTENAME");
+  while (statement.Fetch()) {
+    std::int32_t id = 0;
+    std::wstring name;
+    statement.Get(1, id);
+    GetDbText(statement, 2, name);
+    provider_->SetAttributeName(id, std::move(name));
+  }
+  return true;
+}
+
+bool BaseOperation::LoadAttributeDescriptions() {
+  IBPP::Statement statement = NewStatement();
+  statement.Execute("SELECT ID, DESCRIPTION FROM ATTRIBUTEDESCRIPTION");
+  while (statement.Fetch()) {
+    std::int32_t id = 0;
+    std::wstring description;
+    statement.Get(1, id);
+    GetDbText(statement, 2, description);
+    provider_->SetAttributeDescription(id, std::move(description));
+  }
+  return true;
+}
+
+bool BaseOperation::LoadPacketsAndFolders() {
+  FolderTreeLinker linker;
+  {
+    IBPP::Statement statement = NewStatement();
+    statement.Execute("SELECT ID, PACKETID, FOLDERID FROM PACKET");
+    provider_->ReservePackets();
+    while (statement.Fetch()) {
+      std::int32_t id = 0;
+      std::int32_t folderId = 0;
+      std::wstring name;
+      statement.Get(1, id);
+      GetDbText(statement, 2, name);
+      statement.Get(3, folderId);
+      auto packet = std::make_unique<CPacket>(id, std::move(name), provider_);
+      linker.AddPacket(folderId, packet.get());
+      provider_->AppendPacket(std::move(packet));
+    }
+  }
+
+  {
+    IBPP::Statement statement = NewStatement();
+    statement.Execute("SELECT ID, NAME, ID_PARENT FROM FOLDER");
+    while (statement.Fetch()) {
+      std::int32_t id = 0;
+      std::int32_t parentId = 0;
+      std::wstring name;
+      statement.Get(1, id);
+      GetDbText(statement, 2, name);
+      const bool noParent = statement.Get(3, parentId);
+      linker.AddFolder(std::make_unique<CFolder>(id, std::move(name)),
+                       noParent ? std::nullopt : std::optional<std::int32_t>(parentId));
+    }
+  }
+  if (const std::optional<std::wstring> stray = linker.Link()) {
+    lx_api::Report(L"Фолдер '" + *stray + L"' не входит ни в один пакет", "BaseOperation::LoadPacketsAndFolders");
+    return false;
+  }
+  return true;
+}
+
+// Until the content of packets is read by the loader, a packet's content is
+// its folder tree alone, which the basic load has already read.
+bool BaseOperation::LoadPacket(CPacket* packet) { return packet != nullptr; }

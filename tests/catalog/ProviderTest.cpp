@@ -1,0 +1,138 @@
+// A data provider on a real catalog: its probe, parameters, dictionaries
+// and the exports that change nothing.
+#include <filesystem>
+
+#include "CatalogFixture.h"
+#include "DebugOutput.h"
+#include "platform/TextCodec.h"
+
+using lxtest::Captured;
+using lxtest::FlushText;
+using lxtest::Writes;
+
+namespace {
+
+class Provider : public lxtest::CatalogFixture {};
+
+TEST_F(Provider, KeepsItsConnectionStrings) {
+  ASSERT_NE(provider_, nullptr);
+  EXPECT_EQ(provider_GetServerName(provider_), connection_.server);
+  EXPECT_EQ(provider_GetDatabaseName(provider_), database_);
+  EXPECT_EQ(provider_GetUserName(provider_), connection_.user);
+}
+
+TEST_F(Provider, IsEditableOnAWritableCatalogAndLeavesNoTrace) {
+  const std::int32_t foldersBefore = Sql().Int(L"SELECT COUNT(*) FROM FOLDER");
+  const std::int32_t generatorBefore = Sql().Int(L"SELECT GEN_ID(GEN_FOLDER_ID, 0) FROM RDB$DATABASE");
+  auto [editable, writes] = Captured([&] { return provider_IsEditable(provider_); });
+  EXPECT_TRUE(editable);
+  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), foldersBefore);
+  // The probe's insert did run: it drew an id.
+  EXPECT_GT(Sql().Int(L"SELECT GEN_ID(GEN_FOLDER_ID, 0) FROM RDB$DATABASE"), generatorBefore);
+}
+
+TEST_F(Provider, IsEditableIsASilentNoWhenTheCatalogIsGone) {
+  std::filesystem::remove(platform::WideToUtf8(database_));
+  auto [editable, writes] = Captured([&] { return provider_IsEditable(provider_); });
+  EXPECT_FALSE(editable);
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Provider, ParamIsReadOnceAndKeptAtOneAddress) {
+  const wchar_t* first = provider_GetParam(provider_, L"VERSION", L"");
+  ASSERT_NE(first, nullptr);
+  EXPECT_STREQ(first, L"1");
+  // The database changes, but the second read does no database work.
+  Sql().Execute(L"UPDATE BASE_PARAM SET VAL = '2' WHERE NAME = 'VERSION'");
+  auto [second, writes] = Captured([&] { return provider_GetParam(provider_, L"VERSION", L""); });
+  EXPECT_EQ(second, first);
+  EXPECT_STREQ(second, L"1");
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Provider, MissingParamGivesBothReportsAndIsAskedAgainNextTime) {
+  auto [value, writes] = Captured([&] { return provider_GetParam(provider_, L"Размер", L"tag"); });
+  EXPECT_EQ(value, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"В таблице BASE_PARAM нет параметра Размер [BaseOperation::GetParam]",
+                                      "Не смогли получить параметр из за проблем с базой [CDataProvider::_GetParam]"})});
+  Sql().Execute(L"INSERT INTO BASE_PARAM (NAME, TAG, VAL) VALUES ('Размер', 'tag', 'большой')");
+  const wchar_t* later = provider_GetParam(provider_, L"Размер", L"tag");
+  ASSERT_NE(later, nullptr);
+  EXPECT_STREQ(later, L"большой");
+  EXPECT_EQ(provider_GetParam(provider_, L"Размер", L"other"), nullptr) << "the tag is part of the key";
+}
+
+TEST_F(Provider, CatalogWithoutParamTableGivesTwoReportsInOrder) {
+  Sql().Execute(L"DROP TABLE BASE_PARAM");
+  auto [value, writes] = Captured([&] { return provider_GetParam(provider_, L"VERSION", L""); });
+  EXPECT_EQ(value, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"В базе нет таблицы BASE_PARAM [BaseOperation::GetParam]",
+                                      "Не смогли получить параметр из за проблем с базой [CDataProvider::_GetParam]"})});
+}
+
+TEST_F(Provider, NullParamStringsFailSilently) {
+  auto [value, writes] = Captured([&] { return provider_GetParam(provider_, L"VERSION", nullptr); });
+  EXPECT_EQ(value, nullptr);
+  EXPECT_TRUE(writes.empty());
+}
+
+TEST_F(Provider, DictionaryCrossingUsesOnlyPairsThatAnAttributeCarries) {
+  Sql().Execute({L"EXECUTE PROCEDURE GET_ATTR_NAME('Диаметр')", L"EXECUTE PROCEDURE GET_ATTR_DESCR('Условный проход')",
+                 L"INSERT INTO FOLDER (NAME) VALUES ('f')",
+                 L"INSERT INTO PACKET (PACKETID, FOLDERID) VALUES ('p', (SELECT MAX(ID) FROM FOLDER))",
+                 L"INSERT INTO OBJECT (REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) "
+                 L"VALUES (4, 1, (SELECT MAX(ID) FROM FOLDER), (SELECT MAX(ID) FROM PACKET), 't')",
+                 L"EXECUTE PROCEDURE CREATE_OBJ_ATTR((SELECT MAX(ID) FROM OBJECT), 21, 21, 1, 'Ду', 'Наружный диаметр', "
+                 L"'мм', NULL, NULL, 100, NULL, NULL)"});
+  EXPECT_STREQ(provider_GetDescByAtrName(provider_, L"Ду"), L"Наружный диаметр");
+  EXPECT_STREQ(provider_GetAttrNameByDesc(provider_, L"Наружный диаметр"), L"Ду");
+  // In the dictionaries, but carried by no attribute.
+  EXPECT_STREQ(provider_GetDescByAtrName(provider_, L"Диаметр"), L"");
+  EXPECT_STREQ(provider_GetAttrNameByDesc(provider_, L"Условный проход"), L"");
+  const wchar_t* unknown = provider_GetDescByAtrName(provider_, L"Нет такого");
+  ASSERT_NE(unknown, nullptr);
+  EXPECT_STREQ(unknown, L"");
+}
+
+TEST_F(Provider, DeleteUnusedModelsAndFragmentsKeepsWhatIsUsed) {
+  Sql().Execute({L"INSERT INTO MODEL (ID, THUMBNAIL, MODEL_VERSION) VALUES (1, '', 1)",
+                 L"INSERT INTO MODEL (ID, THUMBNAIL, MODEL_VERSION) VALUES (2, '', 1)",
+                 L"INSERT INTO FRAGMENT (ID, THUMBNAIL) VALUES (1, '')",
+                 L"INSERT INTO FOLDER (NAME) VALUES ('f')",
+                 L"INSERT INTO PACKET (PACKETID, FOLDERID) VALUES ('p', (SELECT MAX(ID) FROM FOLDER))",
+                 L"INSERT INTO OBJECT (MODELID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) "
+                 L"VALUES (2, 4, 1, (SELECT MAX(ID) FROM FOLDER), (SELECT MAX(ID) FROM PACKET), 't')"});
+  EXPECT_TRUE(provider_DeleteUnusedQmxandQfx(provider_));
+  EXPECT_EQ(Sql().Texts(L"SELECT CAST(ID AS VARCHAR(10)) FROM MODEL"), std::vector<std::wstring>{L"2"});
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FRAGMENT"), 0);
+}
+
+TEST_F(Provider, DeletePacketIsNotAvailableAndChangesNothing) {
+  LxPacket* packet = provider_AddPacket(provider_, L"Вечный");
+  ASSERT_NE(packet, nullptr);
+  auto [deleted, writes] = Captured([&] { return provider_DeletePacket(provider_, packet); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes, Writes{FlushText({" (fun: provider_DeletePacket) Неизвестное исключение"})});
+  EXPECT_EQ(provider_GetPacketCount(provider_), 1);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM PACKET"), 1);
+}
+
+TEST_F(Provider, PacketIndexOutOfRangeReports) {
+  auto [packet, writes] = Captured([&] { return provider_GetPacket(provider_, -1); });
+  EXPECT_EQ(packet, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"Индекс -1 выходит за пределы диапазона [0, 0) [CDataProvider::_GetPacket]"})});
+}
+
+TEST_F(Provider, NullProviderIsNamedDataProvider) {
+  auto [count, writes] = Captured([] { return provider_GetPacketCount(nullptr); });
+  EXPECT_EQ(count, 0);
+  EXPECT_EQ(writes,
+            Writes{FlushText({"Передан нулевой указатель на объект dataProvider (fun: provider_GetPacketCount)"})});
+  auto [cleared, clearWrites] = Captured([&] { return provider_ClearPacketCache(provider_, nullptr); });
+  EXPECT_FALSE(cleared);
+  EXPECT_EQ(clearWrites,
+            Writes{FlushText({"Передан нулевой указатель на объект packet (fun: provider_ClearPacketCache)"})});
+}
+
+}  // namespace
