@@ -51,6 +51,8 @@ uint64_t TrimmedPrecision(const std::wstring& text, size_t fractionStart, uint64
   return kept;
 }
 
+// The host application may have set a locale with a decimal comma; numbers in
+// formulas are read the same way whatever it chose. Null if it can't be made.
 locale_t ClassicLocale() {
   static const locale_t classic = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(nullptr));
   return classic;
@@ -91,7 +93,9 @@ double StringToDouble(std::wstring_view text, double fallback) {
   std::wstring pointed(text);
   std::replace(pointed.begin(), pointed.end(), L',', L'.');
   wchar_t* stop = nullptr;
-  const double number = wcstod_l(pointed.c_str(), &stop, ClassicLocale());
+  const locale_t classic = ClassicLocale();
+  const double number = classic != nullptr ? wcstod_l(pointed.c_str(), &stop, classic)
+                                           : std::wcstod(pointed.c_str(), &stop);
   return stop == pointed.c_str() + pointed.size() ? number : fallback;
 }
 
