@@ -2,6 +2,9 @@
 
 #include "storage/ibpp/StatusVector.h"
 
+#include <clocale>
+#include <locale.h>
+
 #include <utility>
 #include <vector>
 
@@ -22,11 +25,38 @@ class ParameterBuffer {
     bytes_.insert(bytes_.end(), value.begin(), value.end());
   }
 
+  void AddFlag(char tag) {
+    bytes_.push_back(tag);
+    bytes_.push_back(0);
+  }
+
   const char* Data() const { return bytes_.data(); }
   short Size() const { return static_cast<short>(bytes_.size()); }
 
  private:
   std::vector<char> bytes_;
+};
+
+// The client library converts database paths between UTF-8 and the file
+// system's encoding, which it takes once, on first use, from the calling
+// thread's locale. A process that never set its locale is plain ASCII then,
+// and every path with a Cyrillic letter fails. Our connection strings are
+// UTF-8, so around the calls that take a path the thread reads as UTF-8.
+// Only this thread's locale changes, and only for the call.
+class Utf8PathsOnThisThread {
+ public:
+  Utf8PathsOnThisThread() {
+    static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
+    if (utf8 != static_cast<locale_t>(0)) previous_ = uselocale(utf8);
+  }
+  ~Utf8PathsOnThisThread() {
+    if (previous_ != static_cast<locale_t>(0)) uselocale(previous_);
+  }
+  Utf8PathsOnThisThread(const Utf8PathsOnThisThread&) = delete;
+  Utf8PathsOnThisThread& operator=(const Utf8PathsOnThisThread&) = delete;
+
+ private:
+  locale_t previous_ = static_cast<locale_t>(0);
 };
 
 // A literal for the text of CREATE DATABASE.
@@ -73,6 +103,7 @@ void Database::Create() {
 
   detail::StatusVector status;
   isc_tr_handle noTransaction = 0;
+  Utf8PathsOnThisThread utf8Paths;
   isc_dsql_execute_immediate(status.Get(), &handle_, &noTransaction, static_cast<unsigned short>(sql.size()),
                              sql.c_str(), kDialect, nullptr);
   status.ThrowIfFailed();
@@ -81,6 +112,10 @@ void Database::Create() {
 void Database::Connect() {
   if (Connected()) return;
   ParameterBuffer parameters;
+  // Connection strings come in UTF-8. Without this flag the client takes the
+  // path to be in the locale's encoding and fails on Cyrillic folder names
+  // when the locale is plain C.
+  parameters.AddFlag(isc_dpb_utf8_filename);
   if (!user_.empty()) parameters.AddText(isc_dpb_user_name, user_);
   if (!password_.empty()) parameters.AddText(isc_dpb_password, password_);
   if (!role_.empty()) parameters.AddText(isc_dpb_sql_role_name, role_);
@@ -89,6 +124,7 @@ void Database::Connect() {
   const std::string target = ConnectionTarget();
   if (target.size() > 32767) detail::ThrowUsageError(kWhere, "database path too long");
   detail::StatusVector status;
+  Utf8PathsOnThisThread utf8Paths;
   isc_attach_database(status.Get(), static_cast<short>(target.size()), target.c_str(), &handle_,
                       parameters.Size(), parameters.Data());
   if (status.Failed()) {

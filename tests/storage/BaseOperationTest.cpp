@@ -5,11 +5,13 @@
 #include "StorageTestOperation.h"
 #include "TestCatalog.h"
 
+#include "platform/TextCodec.h"
 #include "storage/ibpp/Exception.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <random>
 #include <stdexcept>
 #include <utility>
@@ -58,7 +60,7 @@ TEST(OperationScope, MovedFromScopeLeavesTheAttachmentToItsNewOwner) {
 
 TEST(OperationScope, ConstructionFailsWithTheClientLibrarysText) {
   TestCatalog catalog;
-  CDataProvider missing(catalog.Provider()->GetServerName(), catalog.File().wstring() + L".missing",
+  CDataProvider missing(catalog.Provider()->GetServerName(), platform::Utf8ToWide(catalog.File().string() + ".missing"),
                         catalog.Provider()->GetUserName(), catalog.Provider()->GetPassword());
   try {
     StorageTestOperation scope(&missing);
@@ -67,6 +69,21 @@ TEST(OperationScope, ConstructionFailsWithTheClientLibrarysText) {
     EXPECT_THAT(failure.what(), HasSubstr("\"" + catalog.File().string() + ".missing\""));
     EXPECT_THAT(failure.what(), HasSubstr("Error while trying to open file"));
   }
+}
+
+TEST(OperationScope, PathWithCyrillicLettersAttaches) {
+  TestCatalog catalog;
+  const std::filesystem::path folder = catalog.File().parent_path() / u8"Каталоги вентиляции";
+  std::filesystem::create_directory(folder);
+  const std::filesystem::path file = folder / u8"Воздуховоды.fdb";
+  std::filesystem::copy_file(catalog.File(), file);
+  if (TestCatalog::ThroughServer())
+    std::filesystem::permissions(file, std::filesystem::perms::group_read | std::filesystem::perms::group_write,
+                                 std::filesystem::perm_options::add);
+  CDataProvider cyrillic(catalog.Provider()->GetServerName(), platform::Utf8ToWide(file.string()),
+                         catalog.Provider()->GetUserName(), catalog.Provider()->GetPassword());
+  EXPECT_EQ(StorageTestOperation(&cyrillic).CountFolders(), 0);
+  std::filesystem::remove_all(folder);
 }
 
 TEST(OperationScope, WrongPasswordFailsWithTheServersText) {
@@ -184,7 +201,7 @@ TEST(DatabaseText, ValuesReadBackByNumberAndByName) {
   }
 }
 
-TEST(Blobs, BlobOverOneSegmentRoundTripsInSeveralSegments) {
+TEST(BlobTransfer, BlobOverOneSegmentRoundTripsInSeveralSegments) {
   TestCatalog catalog;
   std::vector<unsigned char> model(100000);
   std::mt19937 generator(7);
@@ -199,7 +216,7 @@ TEST(Blobs, BlobOverOneSegmentRoundTripsInSeveralSegments) {
   EXPECT_EQ(reader.ReadModel(id), model);
 }
 
-TEST(Blobs, BlobOfExactlyOneSegmentStaysOne) {
+TEST(BlobTransfer, BlobOfExactlyOneSegmentStaysOne) {
   TestCatalog catalog;
   const std::vector<unsigned char> model(32767, 0x5A);
   const std::int32_t id = StorageTestOperation(catalog.Provider()).AddModel(model);

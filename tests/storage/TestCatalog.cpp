@@ -58,7 +58,8 @@ TestCatalog::~TestCatalog() {
 
 std::unique_ptr<CDataProvider> TestCatalog::ProviderWithPassword(const std::wstring& password) const {
   const std::string user = Environment("LX_TEST_USER");
-  return std::make_unique<CDataProvider>(platform::Utf8ToWide(Environment("LX_TEST_SERVER")), file_.wstring(),
+  return std::make_unique<CDataProvider>(platform::Utf8ToWide(Environment("LX_TEST_SERVER")),
+                                         platform::Utf8ToWide(file_.string()),
                                          user.empty() ? L"SYSDBA" : platform::Utf8ToWide(user), password);
 }
 
