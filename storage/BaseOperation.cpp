@@ -26,11 +26,11 @@ void BaseOperation::End() noexcept {
   if (provider_ != nullptr) {
     try {
       if (transaction_ && transaction_->Started()) transaction_->Rollback();
-    } catch (const IBPP::Exception&) {
+    } catch (...) {
     }
     try {
       if (database_ && database_->Connected()) database_->Disconnect();
-    } catch (const IBPP::Exception&) {
+    } catch (...) {
     }
   }
   transaction_.reset();

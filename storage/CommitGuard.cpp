@@ -12,7 +12,7 @@ CommitGuard::~CommitGuard() {
     IBPP::Transaction& transaction = operation_.GetTransaction();
     if (transaction.Started()) transaction.Rollback();
     transaction.Start();
-  } catch (const IBPP::Exception&) {
+  } catch (...) {
   }
 }
 

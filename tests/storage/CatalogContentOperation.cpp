@@ -3,6 +3,8 @@
 #include "storage/BlobTransfer.h"
 #include "storage/DbText.h"
 
+#include "NullableParameters.h"
+
 #include <stdexcept>
 
 namespace {
@@ -89,7 +91,7 @@ std::vector<CatalogContentOperation::Representation> CatalogContentOperation::Re
 std::int32_t CatalogContentOperation::AddAttributeName(std::optional<std::int32_t> id, const std::wstring& name) {
   IBPP::Statement statement = NewStatement();
   statement.Prepare("INSERT INTO ATTRIBUTENAME (ID, NAME) VALUES (?, ?) RETURNING ID");
-  if (id) statement.Set(1, *id); else statement.SetNull(1);
+  SetOrNull(statement, 1, id);
   SetDbText(statement, 2, name);
   statement.Execute();
   return ReturnedId(statement);
@@ -98,7 +100,7 @@ std::int32_t CatalogContentOperation::AddAttributeName(std::optional<std::int32_
 std::int32_t CatalogContentOperation::AddTemplateRow(std::optional<std::int32_t> id) {
   IBPP::Statement statement = NewStatement();
   statement.Prepare("INSERT INTO TEMPLATE (ID, NAME) VALUES (?, 'template') RETURNING ID");
-  if (id) statement.Set(1, *id); else statement.SetNull(1);
+  SetOrNull(statement, 1, id);
   statement.Execute();
   return ReturnedId(statement);
 }
@@ -107,7 +109,7 @@ std::int32_t CatalogContentOperation::AddFolder(const std::wstring& name, std::o
   IBPP::Statement statement = NewStatement();
   statement.Prepare("INSERT INTO FOLDER (NAME, ID_PARENT) VALUES (?, ?) RETURNING ID");
   SetDbText(statement, 1, name);
-  if (parent) statement.Set(2, *parent); else statement.SetNull(2);
+  SetOrNull(statement, 2, parent);
   statement.Execute();
   return ReturnedId(statement);
 }
@@ -250,9 +252,9 @@ std::optional<std::int32_t> CatalogContentOperation::GetConcreteValue(std::optio
                                                                       std::optional<std::wstring> text) {
   IBPP::Statement statement = NewStatement();
   statement.Prepare("EXECUTE PROCEDURE GET_CONCR_VAL(?, ?, ?)");
-  if (integer) statement.Set(1, *integer); else statement.SetNull(1);
-  if (real) statement.Set(2, *real); else statement.SetNull(2);
-  if (text) SetDbText(statement, 3, *text); else statement.SetNull(3);
+  SetOrNull(statement, 1, integer);
+  SetOrNull(statement, 2, real);
+  SetOrNull(statement, 3, text);
   statement.Execute();
   std::int32_t id = 0;
   if (statement.Get("ID_CONCRVAL", id)) return std::nullopt;
@@ -274,7 +276,7 @@ std::int32_t CatalogContentOperation::CreateObjectAttribute(std::int32_t templat
   statement.Set(2, number);
   SetDbText(statement, 3, name);
   SetDbText(statement, 4, description);
-  if (integer) statement.Set(5, *integer); else statement.SetNull(5);
+  SetOrNull(statement, 5, integer);
   statement.Execute();
   return ReturnedId(statement);
 }

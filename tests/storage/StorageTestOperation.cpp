@@ -4,6 +4,8 @@
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
 
+#include "NullableParameters.h"
+
 #include <stdexcept>
 
 namespace {
@@ -21,9 +23,9 @@ std::int32_t StorageTestOperation::AddValue(std::optional<std::int32_t> integer,
   CommitGuard writing(*this);
   IBPP::Statement statement = NewStatement();
   statement.Prepare("INSERT INTO CONCRETEVALUE (INTVAL, DOUBLEVAL, STRVAL) VALUES (?, ?, ?) RETURNING ID");
-  if (integer) statement.Set(1, *integer); else statement.SetNull(1);
-  if (real) statement.Set(2, *real); else statement.SetNull(2);
-  if (text) SetDbText(statement, 3, *text); else statement.SetNull(3);
+  SetOrNull(statement, 1, integer);
+  SetOrNull(statement, 2, real);
+  SetOrNull(statement, 3, text);
   statement.Execute();
   std::int32_t id = 0;
   statement.Get("ID", id);
