@@ -38,31 +38,35 @@ password="lx-$(od -An -N6 -tx1 /dev/urandom | tr -d ' \n')"
 work=$(mktemp -d /tmp/lx-fbserver.XXXXXX)
 guard_pid=""
 
+# Waits up to five seconds for a process to end.
+await_end() {
+  local _
+  for _ in $(seq 50); do
+    kill -0 "$1" 2>/dev/null || return 0
+    sleep 0.1
+  done
+  return 1
+}
+
 stop_server() {
+  local server_pid=""
+  [[ -s $work/server.pid ]] && server_pid=$(cat "$work/server.pid")
   if [[ -n $guard_pid ]] && kill -0 "$guard_pid" 2>/dev/null; then
     # The guard takes the server down with it; the bare server may ignore TERM.
     kill -TERM "$guard_pid" 2>/dev/null || true
-    for _ in $(seq 100); do
-      kill -0 "$guard_pid" 2>/dev/null || break
-      sleep 0.1
-    done
-    if kill -0 "$guard_pid" 2>/dev/null; then
-      kill -KILL "$guard_pid" 2>/dev/null || true
-    fi
+    await_end "$guard_pid" || kill -KILL "$guard_pid" 2>/dev/null || true
     wait "$guard_pid" 2>/dev/null || true
   fi
-  if [[ -s $work/server.pid ]]; then
-    local server_pid
-    server_pid=$(cat "$work/server.pid")
-    if kill -0 "$server_pid" 2>/dev/null; then
-      kill -KILL "$server_pid" 2>/dev/null || true
-    fi
+  if [[ -n $server_pid ]] && ! await_end "$server_pid"; then
+    kill -KILL "$server_pid" 2>/dev/null || true
+    await_end "$server_pid" || true
   fi
   rm -rf "$work"
 }
 trap stop_server EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
+command_pid=""
 
 fail_setup() {
   echo "$0: $1" >&2
@@ -133,12 +137,18 @@ for _ in $(seq 150); do
 done
 [[ -n $ready ]] || fail_setup "the server did not listen on 127.0.0.1:$port"
 
-set +e
+# The command runs in the background so that a signal to this script is
+# handled at once (passed on to the command) rather than after it ends.
 (
   umask 0002
   export LX_TEST_SERVER="127.0.0.1/$port" LX_TEST_DB_DIR="$work/db" LX_TEST_USER=SYSDBA LX_TEST_PASSWORD="$password"
   exec "$@"
-)
+) <&0 &
+command_pid=$!
+trap 'kill -TERM "$command_pid" 2>/dev/null; exit 130' INT
+trap 'kill -TERM "$command_pid" 2>/dev/null; exit 143' TERM
+set +e
+wait "$command_pid"
 status=$?
 set -e
 exit "$status"
