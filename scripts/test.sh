@@ -17,4 +17,29 @@ if [ -f "$root/tests/lsan.supp" ]; then
 fi
 
 cd "$build"
-ctest -j"$(nproc 2>/dev/null || echo 2)" --output-on-failure --timeout 900
+jobs=$(nproc 2>/dev/null || echo 2)
+logs=$(mktemp -d)
+trap 'rm -rf "$logs"' EXIT
+
+status=0
+ctest -j"$jobs" --output-on-failure --timeout 900 2>&1 | tee "$logs/local.txt" || status=1
+
+# The storage and provider tests once more, over a Firebird server of their
+# own on 127.0.0.1, which the wrapper starts and always stops.
+bash "$root/tests/storage/with-server.sh" \
+  ctest -j"$jobs" --output-on-failure --timeout 900 -L server 2>&1 | tee "$logs/server.txt" || status=1
+
+# One closing line for both runs.
+passed=0
+failed=0
+for log in "$logs"/*.txt; do
+  line=$(grep -E '[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$log" | tail -n 1 || true)
+  if [ -z "$line" ]; then status=1; continue; fi
+  total=$(echo "$line" | sed -E 's/.* out of ([0-9]+).*/\1/')
+  bad=$(echo "$line" | sed -E 's/.*passed, ([0-9]+) tests? failed.*/\1/')
+  passed=$((passed + total - bad))
+  failed=$((failed + bad))
+done
+[ "$failed" -eq 0 ] || status=1
+echo "tests: $passed passed, $failed failed"
+exit $status

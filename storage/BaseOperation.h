@@ -13,8 +13,10 @@
 #include "storage/ibpp/IBPP.h"
 
 #include <memory>
+#include <string>
 
 class CDataProvider;
+class CPacket;
 
 class BaseOperation {
  public:
@@ -26,6 +28,17 @@ class BaseOperation {
   BaseOperation& operator=(BaseOperation&&) = delete;
   BaseOperation(const BaseOperation&) = delete;
   BaseOperation& operator=(const BaseOperation&) = delete;
+
+  // The basic load of a catalog into the provider: packets, folder trees
+  // and the attribute dictionaries, in one scope. False with a report when a
+  // step fails; database errors are thrown.
+  static bool BasicLoading(CDataProvider* provider);
+  // Reads everything below the folders of one packet.
+  static bool LoadPacket(CPacket* packet);
+  // The BASE_PARAM value of name and tag; false with a report when the
+  // catalog has no such table or no such parameter.
+  static bool GetParam(CDataProvider* provider, const std::wstring& name, const std::wstring& tag,
+                       std::wstring& value);
 
   // Created and attached on first use.
   IBPP::Database& GetDatabase();
@@ -40,6 +53,9 @@ class BaseOperation {
   IBPP::Blob NewBlob();
 
  private:
+  bool LoadPacketsAndFolders();
+  bool LoadAttributeNames();
+  bool LoadAttributeDescriptions();
   void End() noexcept;
 
   // Not owned; null once moved from.
