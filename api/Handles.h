@@ -11,6 +11,8 @@ class CDataProvider;
 class CPacket;
 class CFolder;
 class CFolderTable;
+class CAttribute;
+class CStandartSize;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
   inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
@@ -23,6 +25,8 @@ LX_BIND_HANDLE(LxDataProvider, CDataProvider)
 LX_BIND_HANDLE(LxPacket, CPacket)
 LX_BIND_HANDLE(LxFolder, CFolder)
 LX_BIND_HANDLE(LxFolderTable, CFolderTable)
+LX_BIND_HANDLE(LxAttribute, CAttribute)
+LX_BIND_HANDLE(LxStdSize, CStandartSize)
 
 }  // namespace lx_api
 

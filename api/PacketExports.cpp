@@ -2,6 +2,7 @@
 #include "LxDataAccess.h"
 #include "api/CallFrame.h"
 #include "api/Handles.h"
+#include "api/StaticText.h"
 #include "catalog/CPacket.h"
 #include "storage/CDataProvider.h"
 
@@ -28,5 +29,21 @@ LX_API LxFolder* packet_GetRootFolder(LxPacket* packet) {
 LX_API LxDataProvider* packet_GetProvider(LxPacket* packet) {
   return CallFrame("packet_GetProvider").Handle(packet, "packet").Call([&] {
     return ToHandle(Obj(packet)->GetProvider());
+  });
+}
+
+// The attribute name and identifier are the caller's duty, as in the
+// registry: a null one ends as an unknown exception rather than a crash.
+LX_API const wchar_t* packet_GetAttributeUniqueValues(LxPacket* packet, const wchar_t* attributeName,
+                                                      wchar_t separator) {
+  return CallFrame("packet_GetAttributeUniqueValues").Handle(packet, "packet").Call([&] {
+    static lx_api::StaticText values;
+    return values.Assign(Obj(packet)->AttributeUniqueValues(std::wstring(lx_api::Required(attributeName)), separator));
+  });
+}
+
+LX_API LxStdSize* packet_FindStdSize(LxPacket* packet, const wchar_t* identifier) {
+  return CallFrame("packet_FindStdSize").Handle(packet, "packet").Call([&] {
+    return ToHandle(Obj(packet)->FindStdSize(std::wstring(lx_api::Required(identifier))));
   });
 }

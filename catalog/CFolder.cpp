@@ -162,3 +162,28 @@ bool CFolder::_MoveTo(CFolder* newParent) {
   newParent->AppendChild(parent_->DetachChild(this));
   return true;
 }
+
+template <typename Find>
+CStandartSize* CFolder::FindInSubtree(Find&& find) {
+  // Explicit stack in pre-order: children pushed in reverse come off in order.
+  std::vector<CFolder*> pending{this};
+  while (!pending.empty()) {
+    CFolder* folder = pending.back();
+    pending.pop_back();
+    if (CFolderTable* table = folder->_GetTable()) {
+      if (CStandartSize* size = find(*table)) return size;
+    }
+    for (auto child = folder->children_.rbegin(); child != folder->children_.rend(); ++child) {
+      pending.push_back(child->get());
+    }
+  }
+  return nullptr;
+}
+
+CStandartSize* CFolder::FindStdSize(const std::wstring& identifier) {
+  return FindInSubtree([&identifier](CFolderTable& table) { return table.FindStdSize(identifier); });
+}
+
+CStandartSize* CFolder::FindStdSizeById(std::int32_t id) {
+  return FindInSubtree([id](CFolderTable& table) { return table.FindStdSizeById(id); });
+}

@@ -13,6 +13,7 @@
 
 class CFolderTable;
 class CPacket;
+class CStandartSize;
 
 class CFolder {
  public:
@@ -54,7 +55,14 @@ class CFolder {
   bool _DeleteChildFolder(CFolder* child);
   bool _MoveTo(CFolder* newParent);
 
+  // Depth first, each folder's own table before its children; the tables
+  // come through _GetTable, so the packet is loaded. Null if none.
+  CStandartSize* FindStdSize(const std::wstring& identifier);
+  CStandartSize* FindStdSizeById(std::int32_t id);
+
  private:
+  template <typename Find>
+  CStandartSize* FindInSubtree(Find&& find);
   std::unique_ptr<CFolder> DetachChild(CFolder* child);
   // The first move refusal that applies, with its report; true if none.
   bool MayMoveTo(CFolder* newParent);

@@ -1,7 +1,16 @@
 #include "catalog/CPacket.h"
 
 #include "api/Report.h"
+#include <set>
+#include <vector>
+
+#include "catalog/CAttribute.h"
 #include "catalog/CFolder.h"
+#include "catalog/CFolderTable.h"
+#include "catalog/CStandartSize.h"
+#include "catalog/CTemplate.h"
+#include "catalog/SizeValue.h"
+#include "formula/ValueConversion.h"
 #include "storage/BaseOperation.h"
 #include "storage/PacketOperation.h"
 
@@ -41,4 +50,47 @@ bool CPacket::_RenameFolder(CFolder* folder, const std::wstring& name) {
   }
   folder->AssignName(name);
   return true;
+}
+
+CStandartSize* CPacket::FindStdSize(const std::wstring& identifier) {
+  if (rootFolder_ == nullptr) return nullptr;
+  if (CFolderTable* table = rootFolder_->_GetTable()) {
+    if (CStandartSize* size = table->FindStdSize(identifier)) return size;
+  }
+  for (std::size_t i = 0; i < rootFolder_->ChildCount(); ++i) {
+    if (CStandartSize* size = rootFolder_->Child(i)->FindStdSize(identifier)) return size;
+  }
+  return nullptr;
+}
+
+std::wstring CPacket::AttributeUniqueValues(const std::wstring& attributeName, wchar_t separator) {
+  // The texts the client sees: two decimals, zeros kept.
+  constexpr NumberFormat kFormat{false, 2};
+  std::set<std::wstring> texts;
+  std::vector<CFolder*> pending;
+  if (rootFolder_ != nullptr) pending.push_back(rootFolder_.get());
+  while (!pending.empty()) {
+    CFolder* folder = pending.back();
+    pending.pop_back();
+    for (std::int32_t i = 0; i < folder->_GetChildFolderCount(); ++i) pending.push_back(folder->Child(i));
+    CFolderTable* table = folder->_GetTable();
+    CAttribute* attribute = table != nullptr ? table->FindAttribute(attributeName) : nullptr;
+    if (attribute == nullptr) continue;
+    for (std::size_t t = 0; t < table->TemplateCount(); ++t) {
+      CTemplate* owner = table->Template(t);
+      for (std::size_t s = 0; s < owner->SizeCount(); ++s) {
+        if (const Value* value = GetSizeValue(*attribute, *owner->Size(s), kFormat, nullptr)) {
+          texts.insert(ValueToText(*value, kFormat));
+        }
+      }
+    }
+  }
+  std::wstring joined;
+  bool first = true;
+  for (const std::wstring& text : texts) {
+    if (!first) joined += separator;
+    joined += text;
+    first = false;
+  }
+  return joined;
 }

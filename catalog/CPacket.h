@@ -12,6 +12,7 @@
 
 class CDataProvider;
 class CFolder;
+class CStandartSize;
 
 class CPacket {
  public:
@@ -35,6 +36,13 @@ class CPacket {
   // Makes sure the content is in memory; a failed load is tried again on
   // the next call.
   bool Load();
+
+  // The size with exactly this identifier anywhere in the packet, loading
+  // the packet first; null if none.
+  CStandartSize* FindStdSize(const std::wstring& identifier);
+  // The distinct texts of the named attribute's values over every size of
+  // the packet, in code-unit order, joined by the separator.
+  std::wstring AttributeUniqueValues(const std::wstring& attributeName, wchar_t separator);
 
   // Renames any folder; uses nothing of a packet object, since folder_SetName
   // has no packet at hand.

@@ -4,9 +4,6 @@
 
 namespace platform {
 
-unsigned HardwareThreads() {
-  const unsigned count = std::thread::hardware_concurrency();
-  return count == 0 ? 1 : count;
-}
+unsigned HardwareThreads() { return std::thread::hardware_concurrency(); }
 
 }  // namespace platform

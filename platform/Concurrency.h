@@ -3,7 +3,7 @@
 
 namespace platform {
 
-// At least 1, even where the system cannot tell.
+// What the system reports; 0 when it cannot tell, for the caller to decide.
 unsigned HardwareThreads();
 
 }  // namespace platform

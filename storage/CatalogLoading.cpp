@@ -99,7 +99,3 @@ bool BaseOperation::LoadPacketsAndFolders() {
   }
   return true;
 }
-
-// Until the content of packets is read by the loader, a packet's content is
-// its folder tree alone, which the basic load has already read.
-bool BaseOperation::LoadPacket(CPacket* packet) { return packet != nullptr; }

@@ -1,0 +1,20 @@
+#include "catalog/CStandartSize.h"
+
+#include "api/Report.h"
+#include "catalog/CTemplate.h"
+#include "storage/TableOperation.h"
+
+CStandartSize::CStandartSize(std::int32_t id, std::wstring identifier, CTemplate* ownerTemplate)
+    : id_(id), identifier_(std::move(identifier)), ownerTemplate_(ownerTemplate) {}
+
+CStandartSize::~CStandartSize() = default;
+
+bool CStandartSize::_SetType(const std::wstring& type) {
+  if (type == ownerTemplate_->GetType()) return true;
+  if (!TableOperation::SetTemplateType(ownerTemplate_, type)) {
+    lx_api::Report(L"Проблема задания типа типоразмера в базе", "CStandartSize::_SetType");
+    return false;
+  }
+  ownerTemplate_->SetType(type);
+  return true;
+}
