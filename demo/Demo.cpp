@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
+#include <filesystem>
 #include <string>
 
 #include "LxDataAccess.h"
@@ -25,6 +26,58 @@ void PrintCatalog(LxDataProvider* provider) {
     LxPacket* packet = provider_GetPacket(provider, i);
     std::wprintf(L"Packet \"%ls\"\n", packet_GetName(packet));
     PrintTree(packet_GetRootFolder(packet), 1);
+  }
+}
+
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute) {
+  ValueView view{};
+  if (!stdsize_GetValue(size, attribute, nullptr, &view)) return L"—";
+  switch (view.index) {
+    case LX_VALUE_INT: return std::to_wstring(view.payload.integer);
+    case LX_VALUE_DOUBLE: {
+      wchar_t text[64];
+      std::swprintf(text, 64, L"%g", view.payload.number);
+      return text;
+    }
+    case LX_VALUE_STRING: return std::wstring(view.payload.text, view.length);
+    default: return L"?";
+  }
+}
+
+// Builds a small table of bends through the interface and prints it: the
+// columns, the rows, and a calculated column.
+void TourOfATable(LxDataProvider* provider) {
+  LxPacket* ducts = provider_GetPacketByName(provider, L"Воздуховоды");
+  LxFolder* round = folder_GetChildFolder(packet_GetRootFolder(ducts), 0);
+  LxFolderTable* bends = folder_GetTable(folder_GetChildFolder(round, 0));
+  LxAttribute* diameter = table_AddAttribute(bends, L"Диаметр", L"Наружный диаметр", LX_VALUE_INT);
+  LxAttribute* angle = table_AddAttribute(bends, L"Угол", L"Угол поворота", LX_VALUE_DOUBLE);
+  LxAttribute* title = table_AddAttribute(bends, L"Обозначение", L"Обозначение по каталогу", LX_VALUE_STRING);
+  attribute_SetMeasure(diameter, L"мм");
+  attribute_SetFormula(title, L"Отвод {A21}/{A22}");
+  const int diameters[] = {100, 125, 160};
+  for (int d : diameters) {
+    LxStdSize* size = table_AddStdSize(bends, (L"ОТ-" + std::to_wstring(d)).c_str());
+    stdsize_SetValueI(size, diameter, d);
+    stdsize_SetValueD(size, angle, 90.0);
+  }
+  lxReloadProvider(provider_GetServerName(provider), provider_GetDatabaseName(provider));
+  ducts = provider_GetPacketByName(provider, L"Воздуховоды");
+  bends = folder_GetTable(folder_GetChildFolder(folder_GetChildFolder(packet_GetRootFolder(ducts), 0), 0));
+
+  std::wprintf(L"\nTable of \"%ls\" after a reload:\n", folder_GetName(table_GetFolder(bends)));
+  const int32_t columns = table_GetAttributeCount(bends);
+  for (int32_t c = 0; c < columns; ++c) {
+    LxAttribute* column = table_GetAttribute(bends, c);
+    std::wprintf(L"  column %d \"%ls\" (%ls)%ls%ls\n", attribute_GetNumber(column), attribute_GetName(column),
+                 attribute_GetDescription(column), *attribute_GetFormula(column) ? L" = " : L"",
+                 attribute_GetFormula(column));
+  }
+  for (int32_t r = 0; r < table_GetStdSizeCount(bends); ++r) {
+    LxStdSize* size = table_GetStdSize(bends, r);
+    std::wprintf(L"  %-8ls", stdsize_GetID(size));
+    for (int32_t c = 0; c < columns; ++c) std::wprintf(L" | %ls", ValueText(size, table_GetAttribute(bends, c)).c_str());
+    std::wprintf(L"\n");
   }
 }
 
@@ -71,6 +124,10 @@ int main() {
   lxReloadProvider(L"", database.c_str());
   PrintCatalog(provider);
 
+  TourOfATable(provider);
+
   lxDeleteProviderPool(pool);
+  std::error_code ignored;
+  std::filesystem::remove_all(std::filesystem::path(database).parent_path(), ignored);
   return 0;
 }
