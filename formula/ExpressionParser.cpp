@@ -18,6 +18,7 @@ namespace {
 
 constexpr wchar_t kEmptyConditionOperandMessage[] = L"Ошибка записи формулы: ";
 constexpr wchar_t kMalformedFunctionMessage[] = L"Ошибка синтаксиса. Неправильная запись функции!";
+constexpr wchar_t kTooDeepMessage[] = L"Ошибка записи формулы";
 
 // Search order, which is also the order from the loosest binding. "<=" and
 // ">=" come before "<" and ">", and "!%" before "%", so that the longer
@@ -64,7 +65,27 @@ std::wstring AttributeNameOf(std::wstring_view word) {
 
 }  // namespace
 
+// Counts the nesting of one parse. A tree deeper than the limit is refused
+// as malformed: no catalog formula comes near it, and a client's text must
+// not be able to exhaust the stack of parsing, evaluating or destroying.
+class ExpressionParser::DepthGuard {
+ public:
+  explicit DepthGuard(int& depth) : depth_(depth) {
+    if (++depth_ > kMaxDepth) {
+      --depth_;
+      throw FormulaError(kTooDeepMessage);
+    }
+  }
+  ~DepthGuard() { --depth_; }
+  DepthGuard(const DepthGuard&) = delete;
+  DepthGuard& operator=(const DepthGuard&) = delete;
+
+ private:
+  int& depth_;
+};
+
 FormulaPtr ExpressionParser::ParseCondition(size_t start, size_t end) {
+  DepthGuard nested(depth_);
   if (start >= end || !scanner_.TrimRange(start, end)) return nullptr;
   for (const auto& [text, operation] : kConditionOperators) {
     const size_t at = scanner_.FindAtTopLevel(start, end, text);
@@ -78,6 +99,7 @@ FormulaPtr ExpressionParser::ParseCondition(size_t start, size_t end) {
 }
 
 FormulaPtr ExpressionParser::ParseExpression(size_t start, size_t end) {
+  DepthGuard nested(depth_);
   FormulaPtr tree = SplitExpression(start, end);
   completedRanges_.emplace(start, end);
   return tree;

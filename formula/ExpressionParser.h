@@ -30,7 +30,12 @@ class ExpressionParser {
   // none of these becomes the whole view as a string.
   FormulaPtr ParseExpression(size_t start, size_t end);
 
+ // Deepest nesting of operators, calls and conditions one parse accepts.
+  static constexpr int kMaxDepth = 1000;
+
  private:
+  class DepthGuard;
+
   FormulaPtr SplitExpression(size_t start, size_t end);
   // Parses the range only for the errors it would raise, and only once.
   void CheckExpression(size_t start, size_t end);
@@ -43,6 +48,7 @@ class ExpressionParser {
   // a range always ends the same way, so such a range needn't be checked
   // again: without this, texts like "-a*-b*-c*..." take exponential time.
   std::set<std::pair<size_t, size_t>> completedRanges_;
+  int depth_ = 0;
 };
 
 #endif  // LXDA_FORMULA_EXPRESSIONPARSER_H

@@ -402,3 +402,41 @@ TEST(RoundHalfAway, HalvesGoAwayFromZero) {
 }
 
 }  // namespace
+
+namespace {
+
+// A chain "{1+1+...+1}" of `terms` ones nests one level per operator.
+std::wstring ChainOfOnes(int terms) {
+  std::wstring text = L"{1";
+  for (int i = 1; i < terms; ++i) text += L"+1";
+  return text + L"}";
+}
+
+TEST(NestingLimit, DeepButReasonableFormulasStillWork) {
+  FakeDataSource source;
+  Value result;
+  FormulaPtr tree = ParseTextFormula(ChainOfOnes(900));
+  tree->Evaluate(result, source, kDefaultNumberFormat);
+  ASSERT_TRUE(IsInteger(result));
+  EXPECT_EQ(std::get<int32_t>(result), 900);
+}
+
+TEST(NestingLimit, TextsThatWouldExhaustTheStackAreRefused) {
+  for (const std::wstring& text : {ChainOfOnes(5000), L"{" + std::wstring(4000, L'-') + L"1}",
+                                   L"{R(" + std::wstring(4000, L'-') + L"1,1)}"}) {
+    try {
+      ParseTextFormula(text);
+      ADD_FAILURE() << "parsed a text of " << text.size() << " characters";
+    } catch (const FormulaError& error) {
+      EXPECT_EQ(error.Text(), L"Ошибка записи формулы");
+    }
+  }
+  try {
+    ParseConditionFormula(L"A1 == " + std::wstring(4000, L'-') + L"1", 0, std::wstring::npos);
+    ADD_FAILURE() << "parsed a deep condition";
+  } catch (const FormulaError& error) {
+    EXPECT_EQ(error.Text(), L"Ошибка записи формулы");
+  }
+}
+
+}  // namespace
