@@ -1,0 +1,441 @@
+// Columns of folder tables on real catalogs: automatic numbers, the first
+// template, look-ups by name, the index range, deletion with its SQL, and the
+// tables of virtual folders. Every write is read back from the database, and
+// from memory again after a reload.
+#include <string>
+#include <vector>
+
+#include "ContentFixture.h"
+#include "DebugOutput.h"
+#include "api/CallFrame.h"
+#include "api/Handles.h"
+#include "catalog/CFolderTable.h"
+#include "catalog/CStandartSize.h"
+#include "catalog/CTemplate.h"
+
+using lxtest::AttributeRow;
+using lxtest::Captured;
+using lxtest::FlushText;
+using lxtest::Writes;
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class TableColumns : public lxtest::ContentFixture {
+ protected:
+  std::int32_t TemplateCount(std::int32_t folderId) {
+    return Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));
+  }
+  // A folder "Гайки" beside "Болты", holding one template with one column of
+  // this number, and a size, all in SQL. Gives the folder's id.
+  std::int32_t LayNeighbourFolder(std::int32_t number) {
+    EXPECT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
+    const std::int32_t id = FolderId(L"Гайки");
+    Sql().Execute({TemplateRow(900, L"Гайка", id), SizeRow(950, 900, L"Г1"),
+                   AttributeRowSql(900, {number, 1, L"Соседний", L"Столбец соседа"}),
+                   SizeValueSql(number, 950, L"77, NULL, NULL")});
+    return id;
+  }
+};
+
+TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21) {
+  LxAttribute* first = table_AddAttribute(table_, L"Длина", L"Длина болта", 1);
+  ASSERT_NE(first, nullptr);
+  EXPECT_EQ(attribute_GetNumber(first), 21);
+  LxAttribute* second = table_AddAttribute(table_, L"Ширина", L"Ширина головки", 2);
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(attribute_GetNumber(second), 22);
+  EXPECT_EQ(Stored(folderId_, 21, L"an.NAME || '/' || ad.DESCRIPTION || '/' || oa.ATTRTYPE"),
+            Texts{L"Длина/Длина болта/1"});
+  EXPECT_EQ(Stored(folderId_, 22, L"an.NAME || '/' || ad.DESCRIPTION || '/' || oa.ATTRTYPE"),
+            Texts{L"Ширина/Ширина головки/2"});
+  // A new column has empty measure, variable name and formula, old number 0
+  // and no common value.
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.OLD_NUMBER || '|' || COALESCE(oa.MEASURE, '-') || '|' || "
+                                  L"COALESCE(oa.VARNAME, '-') || '|' || COALESCE(oa.FORMULA, '-') || '|' || "
+                                  L"COALESCE(oa.CONCRETEVALUEID, 'null')"),
+            Texts{L"0||||null"});
+}
+
+TEST_F(TableColumns, NumbersFollowTheLargestNumberAbove20) {
+  LayNeighbourFolder(90);  // numbers of other folders don't count
+  Sql().Execute({TemplateRow(501, L"Болт", folderId_), AttributeRowSql(501, {5, 1, L"Пятый", L"Номер пять"})});
+  ReloadAndWalk();
+  LxAttribute* added = table_AddAttribute(table_, L"Новый", L"Новый столбец", 1);
+  ASSERT_NE(added, nullptr);
+  EXPECT_EQ(attribute_GetNumber(added), 21);
+
+  Sql().Execute(AttributeRowSql(501, {30, 3, L"Тридцатый", L"Номер тридцать"}));
+  ReloadAndWalk();
+  added = table_AddAttribute(table_, L"Ещё", L"Ещё столбец", 1);
+  ASSERT_NE(added, nullptr);
+  EXPECT_EQ(attribute_GetNumber(added), 31);
+  EXPECT_EQ(Stored(folderId_, 31, L"an.NAME"), Texts{L"Ещё"});
+  ReloadAndWalk();
+  EXPECT_EQ(attribute_GetNumber(Column(L"Ещё")), 31);
+  EXPECT_EQ(attribute_GetNumber(Column(L"Новый")), 21);
+}
+
+TEST_F(TableColumns, TypeZeroIsRefusedBeforeAnyTemplateIsMade) {
+  auto [added, writes] = Captured([&] { return table_AddAttribute(table_, L"Длина", L"Длина болта", 0); });
+  EXPECT_EQ(added, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"Для атрибута задается неверный тип [CFolderTable::_AddAttribute]"})});
+  EXPECT_EQ(TemplateCount(folderId_), 0);
+  EXPECT_TRUE(table_IsEmpty(table_));
+  EXPECT_EQ(table_GetAttributeCount(table_), 0);
+}
+
+TEST_F(TableColumns, NullTextsFailWithoutAMessage) {
+  auto [noName, writes] = Captured([&] { return table_AddAttribute(table_, nullptr, L"d", 1); });
+  EXPECT_EQ(noName, nullptr);
+  EXPECT_TRUE(writes.empty());
+  auto [noDescription, moreWrites] = Captured([&] { return table_AddAttribute(table_, L"n", nullptr, 1); });
+  EXPECT_EQ(noDescription, nullptr);
+  EXPECT_TRUE(moreWrites.empty());
+  EXPECT_EQ(TemplateCount(folderId_), 0);
+}
+
+TEST_F(TableColumns, AColumnOnAnEmptyTableMakesTheAddTemplate) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  EXPECT_FALSE(table_IsEmpty(table_));
+  EXPECT_EQ(table_GetStdSizeCount(table_), 0);
+  // The first template of a table takes the first object type and
+  // representation, and no model.
+  EXPECT_EQ(Sql().Texts(L"SELECT NAME || '|' || OBJECTTYPEID || '|' || REPRESENTATIONID || '|' || "
+                        L"COALESCE(MODELID, 'null') || '|' || PACKETID FROM OBJECT WHERE FOLDERID = " +
+                        std::to_wstring(folderId_)),
+            Texts{L"_AddTemplate|1|4|null|" + std::to_wstring(packetId_)});
+  ReloadAndWalk();
+  EXPECT_FALSE(table_IsEmpty(table_));
+  EXPECT_EQ(ColumnNames(table_), Texts{L"Длина"});
+  LxAttribute* loaded = Column(L"Длина");
+  EXPECT_EQ(attribute_GetType(loaded), 1);
+  EXPECT_STREQ(attribute_GetDescription(loaded), L"Длина болта");
+}
+
+TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  LxStdSize* size = table_AddStdSize(table_, L"M5");
+  ASSERT_NE(size, nullptr);
+  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
+            (Texts{L"_AddTemplate", L"M5"}));
+  EXPECT_EQ(Sql().Texts(L"SELECT o.NAME FROM STANDARDSIZE sz JOIN OBJECT o ON o.ID = sz.OBJECTID"), Texts{L"M5"});
+  // Both templates have both columns, in the database and in memory.
+  EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
+  EXPECT_EQ(Stored(folderId_, 11, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"ID_specification"}));
+  EXPECT_EQ(RecordNames(size), (Texts{L"Длина", L"ID_specification"}));
+  EXPECT_EQ(table_GetStdSizeCount(table_), 1);
+  ReloadAndWalk();
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"ID_specification"}));
+  EXPECT_EQ(SizeIds(table_), Texts{L"M5"});
+  EXPECT_EQ(Shown(Size(L"M5"), Column(L"ID_specification")), L"s:M5");
+}
+
+TEST_F(TableColumns, AddTemplateIsNamedUniquelyInItsTable) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  // No export makes a second "_AddTemplate" in one table; the table's own
+  // method shows the name it would get.
+  CFolderTable* table = lx_api::Obj(table_);
+  const auto made = lx_api::CallFrame("test").Call([&] { return table->CreateNewTemplate(L"_AddTemplate"); });
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(made->GetName(), L"_AddTemplate (0)");
+  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
+            (Texts{L"_AddTemplate", L"_AddTemplate (0)"}));
+}
+
+TEST_F(TableColumns, TakenNamesAreRefusedExactly) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  auto [taken, writes] = Captured([&] { return table_AddAttribute(table_, L"Длина", L"Другое", 1); });
+  EXPECT_EQ(taken, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
+  EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), Texts{});
+  // Another case is another name.
+  LxAttribute* upper = table_AddAttribute(table_, L"ДЛИНА", L"Длина прописью", 1);
+  ASSERT_NE(upper, nullptr);
+  EXPECT_EQ(attribute_GetNumber(upper), 22);
+  EXPECT_EQ(table_GetAttributeCount(table_), 2);
+}
+
+TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  ASSERT_NE(table_AddAttribute(table_, L"Ширина", L"Ширина головки", 1), nullptr);
+  CFolderTable* table = lx_api::Obj(table_);
+  // The columns are walked in order; the first one that clashes in either way
+  // decides the message.
+  auto [number, numberWrites] = Captured([&] {
+    return lx_api::CallFrame("test").Call([&] { return table->_AddAttribute(L"Ширина", L"d", 1, 21); });
+  });
+  EXPECT_EQ(number, nullptr);
+  EXPECT_EQ(numberWrites, Writes{FlushText({"Атрибут с таким номером есть: 21 [CFolderTable::_AddAttribute]"})});
+  auto [name, nameWrites] = Captured([&] {
+    return lx_api::CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); });
+  });
+  EXPECT_EQ(name, nullptr);
+  EXPECT_EQ(nameWrites, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE"), 2);
+}
+
+TEST_F(TableColumns, EveryTemplateGetsTheNewColumnWithItsDefault) {
+  Sql().Execute({TemplateRow(501, L"Болт", folderId_), TemplateRow(502, L"Болт длинный", folderId_),
+                 SizeRow(601, 501, L"Б1"), SizeRow(602, 502, L"Б2")});
+  ReloadAndWalk();
+  LxAttribute* text = table_AddAttribute(table_, L"Марка", L"Марка стали", 3);
+  LxAttribute* number = table_AddAttribute(table_, L"Шаг", L"Шаг резьбы", 2);
+  ASSERT_NE(text, nullptr);
+  ASSERT_NE(number, nullptr);
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.OBJECTID || ':' || an.NAME"), (Texts{L"501:Марка", L"502:Марка"}));
+  EXPECT_EQ(Stored(folderId_, 22, L"oa.OBJECTID || ':' || an.NAME"), (Texts{L"501:Шаг", L"502:Шаг"}));
+  for (const wchar_t* id : {L"Б1", L"Б2"}) {
+    EXPECT_EQ(RecordNames(Size(id)), (Texts{L"Марка", L"Шаг"})) << id;
+    EXPECT_EQ(Shown(Size(id), text), L"s:") << id;
+    EXPECT_EQ(Shown(Size(id), number), L"d:0") << id;
+  }
+  ReloadAndWalk();
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Марка", L"Шаг"}));
+  EXPECT_EQ(Shown(Size(L"Б2"), Column(L"Шаг")), L"d:0");
+}
+
+TEST_F(TableColumns, ATypeAbove3IsStoredAsGivenAndHasNoKindInMemory) {
+  LxAttribute* odd = table_AddAttribute(table_, L"Странный", L"Тип четыре", 4);
+  ASSERT_NE(odd, nullptr);
+  EXPECT_EQ(attribute_GetType(odd), 0);
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.ATTRTYPE"), Texts{L"4"});
+}
+
+TEST_F(TableColumns, FindAttributeFoldsLatinAndRussianCaseOnly) {
+  for (const wchar_t* name : {L"ДЛИНА", L"ёлка", L"Width", L"Äußere", L"ель"}) {
+    ASSERT_NE(table_AddAttribute(table_, name, name, 1), nullptr) << name;
+  }
+  auto found = [&](const wchar_t* name) -> std::wstring {
+    LxAttribute* attribute = table_FindAttribute(table_, name);
+    return attribute == nullptr ? L"-" : attribute_GetName(attribute);
+  };
+  EXPECT_EQ(found(L"длина"), L"ДЛИНА");
+  EXPECT_EQ(found(L"ДлИнА"), L"ДЛИНА");
+  EXPECT_EQ(found(L"ЁЛКА"), L"ёлка");
+  EXPECT_EQ(found(L"елка"), L"-");
+  EXPECT_EQ(found(L"ЕЛЬ"), L"ель");
+  EXPECT_EQ(found(L"ёль"), L"-");
+  EXPECT_EQ(found(L"WIDTH"), L"Width");
+  EXPECT_EQ(found(L"äußere"), L"-");
+  EXPECT_EQ(found(L"Äußere"), L"Äußere");
+  EXPECT_EQ(found(L"длин"), L"-");
+  EXPECT_EQ(found(L"длинаа"), L"-");
+  auto [empty, writes] = Captured([&] { return table_FindAttribute(table_, L""); });
+  EXPECT_EQ(empty, nullptr);
+  EXPECT_TRUE(writes.empty());
+  auto [null, nullWrites] = Captured([&] { return table_FindAttribute(table_, nullptr); });
+  EXPECT_EQ(null, nullptr);
+  EXPECT_TRUE(nullWrites.empty());
+}
+
+TEST_F(TableColumns, FindAttributeTakesTheFirstInNameOrderAmongCaseTwins) {
+  ASSERT_NE(table_AddAttribute(table_, L"width", L"маленькими", 1), nullptr);
+  ASSERT_NE(table_AddAttribute(table_, L"Width", L"с большой", 1), nullptr);
+  // "W" sorts before "w", whatever the order of adding.
+  EXPECT_STREQ(attribute_GetDescription(table_FindAttribute(table_, L"WIDTH")), L"с большой");
+}
+
+TEST_F(TableColumns, IndexOutsideTheColumnsReportsTheRange) {
+  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
+  for (int32_t index : {1, -1}) {
+    auto [attribute, writes] = Captured([&] { return table_GetAttribute(table_, index); });
+    EXPECT_EQ(attribute, nullptr);
+    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
+                                        " выходит за пределы диапазона [0, 1) [CFolderTable::_GetAttribute]"})});
+  }
+}
+
+TEST_F(TableColumns, ClearDoesNothing) {
+  ASSERT_NE(table_AddStdSize(table_, L"M5"), nullptr);
+  auto [cleared, writes] = Captured([&] { return table_Clear(table_); });
+  EXPECT_FALSE(cleared);
+  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(table_GetAttributeCount(table_), 1);
+  EXPECT_EQ(table_GetStdSizeCount(table_), 1);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE"), 1);
+}
+
+TEST_F(TableColumns, RenameAndRenumberMoveAColumnToTheEnd) {
+  for (const wchar_t* name : {L"А", L"Б", L"В"}) ASSERT_NE(table_AddAttribute(table_, name, name, 1), nullptr);
+  ASSERT_TRUE(attribute_SetName(Column(L"А"), L"Г"));
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Б", L"В", L"Г"}));
+  ASSERT_TRUE(attribute_SetNumber(Column(L"Б"), 40));
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"В", L"Г", L"Б"}));
+  // Other setters leave the order alone.
+  ASSERT_TRUE(attribute_SetDescription(Column(L"В"), L"новое описание"));
+  ASSERT_TRUE(attribute_SetMeasure(Column(L"В"), L"мм"));
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"В", L"Г", L"Б"}));
+  // The template's records keep their order.
+  LxStdSize* size = table_AddStdSize(table_, L"M5");
+  EXPECT_EQ(RecordNames(size), (Texts{L"Г", L"Б", L"В", L"ID_specification"}));
+  // The name index follows: the new name is found, the old one is not.
+  EXPECT_EQ(table_FindAttribute(table_, L"г"), Column(L"Г"));
+  EXPECT_EQ(table_FindAttribute(table_, L"а"), nullptr);
+}
+
+class DeletingColumns : public TableColumns {
+ protected:
+  // Two templates in "Болты" with columns 21 and 22 and own values on every
+  // size, and a neighbour folder with a column 21 of its own.
+  void SetUp() override {
+    TableColumns::SetUp();
+    neighbour_ = LayNeighbourFolder(21);
+    Sql().Execute({TemplateRow(501, L"Болт", folderId_), TemplateRow(502, L"Болт длинный", folderId_),
+                   SizeRow(601, 501, L"Б1"), SizeRow(602, 501, L"Б2"), SizeRow(603, 502, L"Б3"),
+                   AttributeRowSql(501, {21, 1, L"Длина", L"Длина болта"}),
+                   AttributeRowSql(501, {22, 1, L"Шаг", L"Шаг резьбы", L"5, NULL, NULL"}),
+                   AttributeRowSql(502, {21, 1, L"Длина", L"Длина болта"}),
+                   AttributeRowSql(502, {22, 1, L"Шаг", L"Шаг резьбы", L"5, NULL, NULL"}),
+                   SizeValueSql(21, 601, L"10, NULL, NULL"), SizeValueSql(21, 602, L"20, NULL, NULL"),
+                   SizeValueSql(21, 603, L"30, NULL, NULL"), SizeValueSql(22, 603, L"7, NULL, NULL")});
+    ReloadAndWalk();
+  }
+  std::int32_t neighbour_ = 0;
+};
+
+TEST_F(DeletingColumns, RowsAndValuesOfTheNumberGoInThisFolderOnly) {
+  ASSERT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
+  const std::int32_t valueRows = Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE");
+  ASSERT_TRUE(table_DeleteAttribute(table_, Column(L"Длина")));
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.ID"), Texts{});
+  EXPECT_EQ(StoredSizeValues(folderId_, 21), Texts{});
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"), valueRows - 3);
+  // The other column and the neighbour folder's column 21 stay.
+  EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), (Texts{L"Шаг", L"Шаг"}));
+  EXPECT_EQ(StoredSizeValues(folderId_, 22), Texts{L"Б3=7||"});
+  EXPECT_EQ(Stored(neighbour_, 21, L"an.NAME"), Texts{L"Соседний"});
+  EXPECT_EQ(StoredSizeValues(neighbour_, 21), Texts{L"Г1=77||"});
+  // Memory: the column, every template's record and every size's value.
+  EXPECT_EQ(ColumnNames(table_), Texts{L"Шаг"});
+  for (const wchar_t* id : {L"Б1", L"Б2", L"Б3"}) {
+    EXPECT_EQ(RecordNames(Size(id)), Texts{L"Шаг"}) << id;
+    EXPECT_EQ(lx_api::Obj(Size(id))->Values().count(21), 0u) << id;
+  }
+  EXPECT_EQ(Shown(Size(L"Б3"), Column(L"Шаг")), L"i:7");
+  EXPECT_EQ(Shown(Size(L"Б1"), Column(L"Шаг")), L"i:5");
+  ReloadAndWalk();
+  EXPECT_EQ(ColumnNames(table_), Texts{L"Шаг"});
+  EXPECT_EQ(RecordNames(Size(L"Б1")), Texts{L"Шаг"});
+  EXPECT_EQ(Shown(Size(L"Б3"), Column(L"Шаг")), L"i:7");
+}
+
+TEST_F(DeletingColumns, AColumnOfAnotherTableIsRefused) {
+  LxFolderTable* neighbourTable = folder_GetTable(ChildNamed(root_, L"Гайки"));
+  LxAttribute* stranger = ColumnOf(neighbourTable, L"Соседний");
+  ASSERT_NE(stranger, nullptr);
+  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(table_, stranger); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_DeleteAttribute]"})});
+  EXPECT_EQ(Stored(neighbour_, 21, L"an.NAME"), Texts{L"Соседний"});
+  EXPECT_EQ(ColumnNames(neighbourTable), Texts{L"Соседний"});
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
+}
+
+TEST_F(DeletingColumns, NullHandlesAreNamed) {
+  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(table_, nullptr); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes,
+            Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: table_DeleteAttribute)"})});
+  auto [noTable, tableWrites] = Captured([&] { return table_DeleteAttribute(nullptr, Column(L"Длина")); });
+  EXPECT_FALSE(noTable);
+  EXPECT_EQ(tableWrites, Writes{FlushText({"Передан нулевой указатель на объект table (fun: table_DeleteAttribute)"})});
+  EXPECT_EQ(table_GetAttributeCount(table_), 2);
+}
+
+TEST_F(TableColumns, DeletedColumn11ComesBackWithTheNextSize) {
+  LxStdSize* first = table_AddStdSize(table_, L"M5");
+  ASSERT_NE(first, nullptr);
+  ASSERT_TRUE(table_DeleteAttribute(table_, Column(L"ID_specification")));
+  EXPECT_EQ(table_GetAttributeCount(table_), 0);
+  EXPECT_EQ(Stored(folderId_, 11, L"oa.ID"), Texts{});
+  EXPECT_EQ(StoredSizeValues(folderId_, 11), Texts{});
+  EXPECT_EQ(RecordNames(first), Texts{});
+
+  LxStdSize* second = table_AddStdSize(table_, L"M6");
+  ASSERT_NE(second, nullptr);
+  ASSERT_EQ(ColumnNames(table_), Texts{L"ID_specification"});
+  LxAttribute* again = Column(L"ID_specification");
+  EXPECT_EQ(attribute_GetNumber(again), 11);
+  // Both templates have the row again; only the new size has a value.
+  EXPECT_EQ(Stored(folderId_, 11, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));
+  EXPECT_EQ(StoredSizeValues(folderId_, 11), Texts{L"M6=||M6"});
+  EXPECT_EQ(Shown(second, again), L"s:M6");
+  EXPECT_EQ(Shown(first, again), L"s:");
+  ReloadAndWalk();
+  EXPECT_EQ(Shown(Size(L"M6"), Column(L"ID_specification")), L"s:M6");
+  EXPECT_EQ(Shown(Size(L"M5"), Column(L"ID_specification")), L"s:");
+}
+
+// "Группы" holds two templates that differ in their common value, so its
+// load makes the virtual folders "0" and "1", one template each.
+class VirtualTables : public TableColumns {
+ protected:
+  void SetUp() override {
+    TableColumns::SetUp();
+    ASSERT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
+    groups_ = FolderId(L"Группы");
+    Sql().Execute({TemplateRow(701, L"Первый", groups_), TemplateRow(702, L"Второй", groups_),
+                   SizeRow(801, 701, L"В1"), SizeRow(802, 702, L"В2"),
+                   AttributeRowSql(701, {21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}),
+                   AttributeRowSql(702, {21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"})});
+    ReloadAndWalk();
+    LxFolder* groups = ChildNamed(root_, L"Группы");
+    ASSERT_EQ(folder_GetChildFolderCount(groups), 2);
+    first_ = folder_GetTable(ChildNamed(groups, L"0"));
+    second_ = folder_GetTable(ChildNamed(groups, L"1"));
+    // The load has no order, so either group may come first.
+    if (table_FindStdSize(first_, L"В1") == nullptr) std::swap(first_, second_);
+    ASSERT_NE(table_FindStdSize(first_, L"В1"), nullptr);
+    ASSERT_TRUE(folder_IsVirtual(table_GetFolder(first_)));
+  }
+  std::int32_t groups_ = 0;
+  LxFolderTable* first_ = nullptr;
+  LxFolderTable* second_ = nullptr;
+};
+
+TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
+  LxAttribute* added = table_AddAttribute(first_, L"Шаг", L"Шаг резьбы", 2);
+  ASSERT_NE(added, nullptr);
+  EXPECT_EQ(attribute_GetNumber(added), 22);
+  EXPECT_EQ(Stored(groups_, 22, L"oa.OBJECTID || ':' || an.NAME"), Texts{L"701:Шаг"});
+  EXPECT_EQ(ColumnNames(first_), (Texts{L"Длина", L"Шаг"}));
+  EXPECT_EQ(ColumnNames(second_), Texts{L"Длина"});
+  EXPECT_EQ(RecordNames(table_FindStdSize(second_, L"В2")), Texts{L"Длина"});
+}
+
+TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
+  const std::int32_t objects = Sql().Int(L"SELECT COUNT(*) FROM OBJECT");
+  auto [size, writes] = Captured([&] { return table_AddStdSize(first_, L"Новый"); });
+  EXPECT_EQ(size, nullptr);
+  EXPECT_EQ(writes, Writes{FlushText({"Для виртуальных фолдеров создание темплейтов невозможно "
+                                      "[TableOperation::CreateNewTemplate]",
+                                      "Проблема с базой, не смогли создать новый темплейт "
+                                      "[CFolderTable::CreateNewTemplate]",
+                                      "Не смогли создать шаблон для нового типоразмера [CFolderTable::_AddStdSize]"})});
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), objects);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
+  EXPECT_EQ(SizeIds(first_), Texts{L"В1"});
+}
+
+TEST_F(VirtualTables, DeletingAColumnIsRefused) {
+  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(first_, ColumnOf(first_, L"Длина")); });
+  EXPECT_FALSE(deleted);
+  EXPECT_EQ(writes, Writes{FlushText({"Для виртуальных фолдеров удаление атрибутов невозможно "
+                                      "[TableOperation::DeleteAttribute]",
+                                      "Проблемы при удалении атрибута:\nname = Длина\nfolder = 0\npacket = Пакет "
+                                      "[CFolderTable::_DeleteAttribute]"})});
+  EXPECT_EQ(Stored(groups_, 21, L"oa.OBJECTID"), (Texts{L"701", L"702"}));
+  EXPECT_EQ(ColumnNames(first_), Texts{L"Длина"});
+}
+
+TEST_F(VirtualTables, TheSplitParentIsEmpty) {
+  LxFolderTable* parent = folder_GetTable(ChildNamed(root_, L"Группы"));
+  EXPECT_TRUE(table_IsEmpty(parent));
+  EXPECT_EQ(table_GetAttributeCount(parent), 0);
+  EXPECT_FALSE(table_IsEmpty(first_));
+}
+
+}  // namespace
