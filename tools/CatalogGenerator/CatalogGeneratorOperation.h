@@ -1,0 +1,109 @@
+// CatalogGeneratorOperation: the SQL of the catalog generator. One object is
+// one operation scope (one attachment, one transaction) that reserves ids,
+// reads what the new rows refer to, and writes rows through statements
+// prepared once and executed for every row. Ids are written explicitly, from
+// ranges reserved on the catalog's own generators, so later inserts by the
+// library draw ids behind them. ATTRIBUTEVALUE is the exception: its trigger
+// always assigns the id.
+//
+// The writer commits through a CommitGuard on this scope; until then nothing
+// is visible to others. Not thread-safe: one thread uses one scope.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "formula/Value.h"
+#include "storage/BaseOperation.h"
+#include "tools/CatalogGenerator/IdRange.h"
+
+class CDataProvider;
+
+// The tables whose ids the generator writes itself.
+enum class IdTable { Folder, Packet, Object, ObjectAttribute, StandardSize, ConcreteValue };
+
+struct TemplateAttributeRow {
+  std::int32_t id = 0;
+  std::int32_t templateId = 0;
+  std::int32_t nameId = 0;
+  std::int32_t descriptionId = 0;
+  std::int32_t number = 0;
+  std::int32_t type = 0;
+  const std::wstring* measure = nullptr;
+  const std::wstring* varName = nullptr;
+  const std::wstring* formula = nullptr;
+  // CONCRETEVALUEID; none for attributes without a common value.
+  std::optional<std::int32_t> valueId;
+};
+
+// One value of a size: the template's attribute row and what it holds.
+struct SizeValueRow {
+  std::int32_t templateAttributeId = 0;
+  Value value;
+};
+
+class CatalogGeneratorOperation : public BaseOperation {
+ public:
+  explicit CatalogGeneratorOperation(CDataProvider* provider);
+  ~CatalogGeneratorOperation() override;
+
+  // Switches the nested-bounds trigger of FOLDER, in a scope and committed
+  // transaction of its own; metadata changes must be committed before the
+  // inserts that rely on them start.
+  static void SetFolderBoundTrigger(CDataProvider* provider, bool active);
+  static bool FolderBoundTriggerActive(CDataProvider* provider);
+
+  // Reserves `count` ids on the table's generator, first moving the
+  // generator past the table's largest id if rows were written with ids of
+  // their own. Generators are outside transactions: the reservation stays
+  // even if this scope rolls back, which leaves only a gap.
+  IdRange ReserveIds(IdTable table, std::int64_t count);
+  // The largest bound in FOLDER, 0 when it has no row.
+  std::int32_t HighestFolderBound();
+  // What every template refers to: the first representation, the object
+  // types in id order. std::runtime_error when either table is empty.
+  std::int32_t FirstRepresentationId();
+  std::vector<std::int32_t> ObjectTypeIds();
+  // The dictionary rows for a text, made if missing (GET_ATTR_NAME,
+  // GET_ATTR_DESCR), and the size of each dictionary.
+  std::int32_t AttributeNameId(const std::wstring& name);
+  std::int32_t AttributeDescriptionId(const std::wstring& description);
+  std::int64_t AttributeNameRows();
+  std::int64_t AttributeDescriptionRows();
+
+  // The rows. A folder without parent passes parentId < 0.
+  void InsertFolder(std::int32_t id, std::int32_t parentId, std::int32_t left, std::int32_t right,
+                    const std::wstring& name);
+  void InsertPacket(std::int32_t id, std::int32_t rootFolderId, const std::wstring& name);
+  void InsertTemplate(std::int32_t id, std::int32_t folderId, std::int32_t packetId, std::int32_t objectTypeId,
+                      std::int32_t representationId, const std::wstring& name);
+  void InsertTemplateAttribute(const TemplateAttributeRow& row);
+  void InsertSize(std::int32_t id, std::int32_t templateId, const std::wstring& identifier);
+  // A CONCRETEVALUE row; the value must be an integer, a double or a text.
+  void InsertValue(std::int32_t id, const Value& value);
+  void InsertSizeValue(std::int32_t templateAttributeId, std::int32_t sizeId, std::int32_t valueId);
+  // The values of one size: a CONCRETEVALUE row for each, with ids from
+  // firstValueId up in this order, and the ATTRIBUTEVALUE row that links it.
+  // The same rows as InsertValue and InsertSizeValue give, in a fraction of
+  // the executions.
+  void InsertSizeValues(std::int32_t sizeId, std::int32_t firstValueId, const std::vector<SizeValueRow>& values);
+
+ private:
+  enum Insert { kFolder, kPacket, kTemplate, kTemplateAttribute, kSize, kValue, kSizeValue, kInserts };
+
+  IBPP::Statement& Prepared(Insert insert);
+  IBPP::Statement& SizeValuesBlock(std::size_t values);
+  void SetValue(IBPP::Statement& statement, int firstParameter, const Value& value);
+  std::int64_t ScalarInt(const std::string& query);
+  std::int32_t DictionaryId(const char* procedure, const std::wstring& text);
+
+  // Prepared on first use; released before the scope detaches, since the
+  // base class ends the scope after these members are gone.
+  std::array<std::optional<IBPP::Statement>, kInserts> inserts_;
+  // By the number of values they write.
+  std::map<std::size_t, IBPP::Statement> sizeValueBlocks_;
+};
