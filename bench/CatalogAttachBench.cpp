@@ -1,0 +1,280 @@
+// Attaching a provider to a large catalog: a catalog of 1,000 packets and
+// 20,000 folders, made once per run by the catalog generator, attached with
+// pool_AddProvider (attach and the basic load: packets, folder tree, the two
+// attribute dictionaries) in a fresh pool each time, and reloaded with
+// lxReloadProvider. Against them, the two SELECTs of the basic load with
+// every row fetched and every column read: through our storage layer
+// (operation scope, IBPP statement, code page 1251 text), and directly on the
+// Firebird client's ISC API with nothing around it. Each variant opens its
+// own attachment and transaction, as the library does.
+//
+// Embedded, in a temporary folder removed at the end.
+#include <benchmark/benchmark.h>
+#include <ibase.h>
+#include <locale.h>
+#include <stdlib.h>
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "LxDataAccess.h"
+#include "platform/TextCodec.h"
+#include "storage/BaseOperation.h"
+#include "storage/CDataProvider.h"
+#include "storage/DbText.h"
+#include "storage/EmptyCatalogImage.h"
+#include "tools/CatalogGenerator/CatalogGenerator.h"
+
+namespace {
+
+constexpr std::int32_t kPackets = 1000;
+constexpr std::int32_t kFolders = 20000;
+constexpr const wchar_t* kUser = L"SYSDBA";
+constexpr const wchar_t* kPassword = L"masterkey";
+
+// The two queries of the basic load, and their reading through the storage
+// layer in one operation scope.
+class AttachBenchOperation : public BaseOperation {
+ public:
+  static constexpr const char* kPacketQuery = "SELECT ID, PACKETID, FOLDERID FROM PACKET";
+  static constexpr const char* kFolderQuery = "SELECT ID, NAME, ID_PARENT FROM FOLDER";
+
+  explicit AttachBenchOperation(CDataProvider* provider) : BaseOperation(provider) {}
+
+  // Rows of both queries.
+  std::int64_t ReadPacketsAndFolders() {
+    std::int64_t rows = 0;
+    std::int32_t id = 0;
+    std::int32_t reference = 0;
+    std::wstring name;
+    {
+      IBPP::Statement statement = NewStatement();
+      statement.Execute(kPacketQuery);
+      while (statement.Fetch()) {
+        statement.Get(1, id);
+        GetDbText(statement, 2, name);
+        statement.Get(3, reference);
+        benchmark::DoNotOptimize(id + reference + name.size());
+        ++rows;
+      }
+    }
+    IBPP::Statement statement = NewStatement();
+    statement.Execute(kFolderQuery);
+    while (statement.Fetch()) {
+      statement.Get(1, id);
+      GetDbText(statement, 2, name);
+      const bool root = statement.Get(3, reference);
+      benchmark::DoNotOptimize(id + reference + name.size() + root);
+      ++rows;
+    }
+    return rows;
+  }
+};
+
+// The generated catalog, made at first use and removed with its folder when
+// the run ends.
+class LargeCatalog {
+ public:
+  static const LargeCatalog& Get() {
+    static const LargeCatalog catalog;
+    return catalog;
+  }
+
+  const std::wstring& Path() const { return path_; }
+  const CatalogCounts& Written() const { return written_; }
+
+ private:
+  LargeCatalog() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "bench-catalog-attach-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+    folder_ = pattern;
+    const std::filesystem::path file = folder_ / "catalog.fdb";
+    const auto image = EmptyCatalogImage();
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
+    path_ = platform::Utf8ToWide(file.string());
+
+    CatalogShape shape;
+    shape.packets = kPackets;
+    shape.totalFolders = kFolders;
+    shape.fanOut = 4;
+    shape.templatesPerFolder = 0;
+    written_ = CatalogGenerator(shape).Generate(L"", path_, kUser, kPassword);
+  }
+
+  ~LargeCatalog() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  std::filesystem::path folder_;
+  std::wstring path_;
+  CatalogCounts written_;
+};
+
+void CountRows(benchmark::State& state, std::int64_t rowsPerIteration) {
+  state.counters["rows"] = static_cast<double>(rowsPerIteration);
+}
+
+void BM_PoolAddProvider(benchmark::State& state) {
+  const LargeCatalog& catalog = LargeCatalog::Get();
+  for (auto _ : state) {
+    LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogAttachBench", L"/bench/catalog-attach.ulb");
+    LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
+    state.PauseTiming();
+    if (provider == nullptr || provider_GetPacketCount(provider) != kPackets) state.SkipWithError("attach failed");
+    lxDeleteProviderPool(pool);
+    state.ResumeTiming();
+  }
+  CountRows(state, catalog.Written().packets + catalog.Written().folders);
+}
+BENCHMARK(BM_PoolAddProvider)->Unit(benchmark::kMillisecond);
+
+void BM_ReloadProvider(benchmark::State& state) {
+  const LargeCatalog& catalog = LargeCatalog::Get();
+  LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogReloadBench", L"/bench/catalog-reload.ulb");
+  LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
+  if (provider == nullptr) state.SkipWithError("attach failed");
+  for (auto _ : state) {
+    if (!lxReloadProvider(L"", catalog.Path().c_str())) state.SkipWithError("reload failed");
+  }
+  lxDeleteProviderPool(pool);
+  CountRows(state, catalog.Written().packets + catalog.Written().folders);
+}
+BENCHMARK(BM_ReloadProvider)->Unit(benchmark::kMillisecond);
+
+void BM_StorageLayerSelects(benchmark::State& state) {
+  const LargeCatalog& catalog = LargeCatalog::Get();
+  CDataProvider provider(L"", catalog.Path(), kUser, kPassword);
+  std::int64_t rows = 0;
+  for (auto _ : state) rows = AttachBenchOperation(&provider).ReadPacketsAndFolders();
+  CountRows(state, rows);
+}
+BENCHMARK(BM_StorageLayerSelects)->Unit(benchmark::kMillisecond);
+
+// The same two queries on the bare ISC API: an attachment, a transaction
+// like the storage layer's, and a statement per query with its output
+// buffers bound once. Text stays in the bytes the database holds.
+void CheckClient(const ISC_STATUS* status, const char* what) {
+  if (status[0] == 1 && status[1] != 0) throw std::runtime_error(std::string("client call failed: ") + what);
+}
+
+struct ClientAttachment {
+  explicit ClientAttachment(const std::string& path) {
+    const std::string user = platform::WideToUtf8(kUser);
+    std::vector<char> dpb{isc_dpb_version1, isc_dpb_utf8_filename, 0, isc_dpb_user_name,
+                          static_cast<char>(user.size())};
+    dpb.insert(dpb.end(), user.begin(), user.end());
+    ISC_STATUS_ARRAY status{};
+    isc_attach_database(status, static_cast<short>(path.size()), path.c_str(), &handle,
+                        static_cast<short>(dpb.size()), dpb.data());
+    CheckClient(status, "attach");
+  }
+  ~ClientAttachment() {
+    ISC_STATUS_ARRAY status{};
+    if (handle != 0) isc_detach_database(status, &handle);
+  }
+  ClientAttachment(const ClientAttachment&) = delete;
+  ClientAttachment& operator=(const ClientAttachment&) = delete;
+
+  isc_db_handle handle = 0;
+};
+
+struct ClientTransaction {
+  explicit ClientTransaction(ClientAttachment& attachment) {
+    static char tpb[] = {isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_no_rec_version,
+                         isc_tpb_nowait};
+    ISC_STATUS_ARRAY status{};
+    isc_start_transaction(status, &handle, 1, &attachment.handle, sizeof tpb, tpb);
+    CheckClient(status, "start");
+  }
+  ~ClientTransaction() {
+    ISC_STATUS_ARRAY status{};
+    if (handle != 0) isc_rollback_transaction(status, &handle);
+  }
+  ClientTransaction(const ClientTransaction&) = delete;
+  ClientTransaction& operator=(const ClientTransaction&) = delete;
+
+  isc_tr_handle handle = 0;
+};
+
+struct ClientStatement {
+  explicit ClientStatement(ClientAttachment& attachment) {
+    ISC_STATUS_ARRAY status{};
+    isc_dsql_allocate_statement(status, &attachment.handle, &handle);
+    CheckClient(status, "allocate");
+  }
+  ~ClientStatement() {
+    ISC_STATUS_ARRAY status{};
+    if (handle != 0) isc_dsql_free_statement(status, &handle, DSQL_drop);
+  }
+  ClientStatement(const ClientStatement&) = delete;
+  ClientStatement& operator=(const ClientStatement&) = delete;
+
+  isc_stmt_handle handle = 0;
+};
+
+// Three columns: an integer, a text, an integer that may be null.
+std::int64_t ReadRows(ClientAttachment& attachment, ClientTransaction& transaction, const char* sql) {
+  ClientStatement statement(attachment);
+  alignas(XSQLDA) char area[XSQLDA_LENGTH(3)] = {};
+  XSQLDA* columns = reinterpret_cast<XSQLDA*>(area);
+  columns->version = SQLDA_VERSION1;
+  columns->sqln = 3;
+  ISC_STATUS_ARRAY status{};
+  isc_dsql_prepare(status, &transaction.handle, &statement.handle, 0, sql, 3, columns);
+  CheckClient(status, "prepare");
+  std::array<std::int32_t, 2> integers{};
+  std::array<short, 3> nulls{};
+  std::vector<char> text(static_cast<std::size_t>(columns->sqlvar[1].sqllen) + sizeof(short));
+  columns->sqlvar[0].sqldata = reinterpret_cast<char*>(&integers[0]);
+  columns->sqlvar[1].sqldata = text.data();
+  columns->sqlvar[2].sqldata = reinterpret_cast<char*>(&integers[1]);
+  for (int i = 0; i < 3; ++i) columns->sqlvar[i].sqlind = &nulls[i];
+  isc_dsql_execute(status, &transaction.handle, &statement.handle, 3, nullptr);
+  CheckClient(status, "execute");
+  std::int64_t rows = 0;
+  std::string bytes;
+  ISC_STATUS fetched = 0;
+  while ((fetched = isc_dsql_fetch(status, &statement.handle, 3, columns)) == 0) {
+    short length = 0;
+    std::memcpy(&length, text.data(), sizeof length);
+    bytes.assign(text.data() + sizeof length, static_cast<std::size_t>(length));
+    benchmark::DoNotOptimize(integers[0] + (nulls[2] < 0 ? 0 : integers[1]) + bytes.size());
+    ++rows;
+  }
+  if (fetched != 100) CheckClient(status, "fetch");
+  return rows;
+}
+
+void BM_ClientSelects(benchmark::State& state) {
+  const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
+  std::int64_t rows = 0;
+  for (auto _ : state) {
+    ClientAttachment attachment(path);
+    ClientTransaction transaction(attachment);
+    rows = ReadRows(attachment, transaction, AttachBenchOperation::kPacketQuery) +
+           ReadRows(attachment, transaction, AttachBenchOperation::kFolderQuery);
+  }
+  CountRows(state, rows);
+}
+BENCHMARK(BM_ClientSelects)->Unit(benchmark::kMillisecond);
+
+// What every variant above pays before its first row: attach, start a
+// transaction, roll back, detach.
+void BM_ClientAttachOnly(benchmark::State& state) {
+  const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
+  for (auto _ : state) {
+    ClientAttachment attachment(path);
+    ClientTransaction transaction(attachment);
+  }
+}
+BENCHMARK(BM_ClientAttachOnly)->Unit(benchmark::kMillisecond);
+
+}  // namespace
