@@ -431,6 +431,12 @@ TEST_F(VirtualTables, DeletingAColumnIsRefused) {
   EXPECT_EQ(ColumnNames(first_), Texts{L"Длина"});
 }
 
+TEST_F(VirtualTables, IdentifiersOfVirtualTablesAreTaken) {
+  LxStdSize* size = table_AddStdSize(table_, L"В1");
+  ASSERT_NE(size, nullptr);
+  EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
+}
+
 TEST_F(VirtualTables, TheSplitParentIsEmpty) {
   LxFolderTable* parent = folder_GetTable(ChildNamed(root_, L"Группы"));
   EXPECT_TRUE(table_IsEmpty(parent));
