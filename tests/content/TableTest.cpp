@@ -404,6 +404,12 @@ TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
   EXPECT_EQ(ColumnNames(first_), (Texts{L"Длина", L"Шаг"}));
   EXPECT_EQ(ColumnNames(second_), Texts{L"Длина"});
   EXPECT_EQ(RecordNames(table_FindStdSize(second_, L"В2")), Texts{L"Длина"});
+  ReloadAndWalk();
+  LxStdSize* first = packet_FindStdSize(packet_, L"В1");
+  LxStdSize* second = packet_FindStdSize(packet_, L"В2");
+  EXPECT_EQ(ColumnNames(stdsize_GetTable(first)), (Texts{L"Длина", L"Шаг"}));
+  EXPECT_EQ(ColumnNames(stdsize_GetTable(second)), Texts{L"Длина"});
+  EXPECT_EQ(Shown(first, ColumnOf(stdsize_GetTable(first), L"Шаг")), L"d:0");
 }
 
 TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {

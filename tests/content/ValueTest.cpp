@@ -401,9 +401,10 @@ TEST_F(Values, ASizeOfAVirtualTableTakesValues) {
   EXPECT_EQ(Shown(size, ColumnOf(stdsize_GetTable(size), L"Длина")), L"d:0.5");
 }
 
-class Column11 : public lxtest::ContentFixture {};
+// Tables of one template made for a single test.
+class Shapes : public lxtest::ContentFixture {};
 
-TEST_F(Column11, AViewOfAStringEndsAtItsFirstNul) {
+TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
                  AttributeRowSql(501, {21, 3, L"Марка", L"Марка стали", L"NULL, NULL, 'ab' || ASCII_CHAR(0) || 'cd'"})});
   ReloadAndWalk();
@@ -414,7 +415,23 @@ TEST_F(Column11, AViewOfAStringEndsAtItsFirstNul) {
   EXPECT_EQ(std::wstring(view.payload.text, view.length), L"ab");
 }
 
-TEST_F(Column11, AWriteToColumn11LeavesTheIdentifier) {
+TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
+  Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
+                 AttributeRowSql(501, {21, 1, L"Длина", L"Длина болта", L"10, NULL, NULL"}),
+                 AttributeRowSql(501, {22, 2, L"Округлено", L"Неверный вызов", L"NULL, NULL, NULL", L"{R(A21,A21,A21)}"})});
+  ReloadAndWalk();
+  ValueView view{};
+  view.index = LX_VALUE_INT;
+  view.payload.integer = 5;
+  auto [read, writes] = Captured([&] { return stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view); });
+  EXPECT_FALSE(read);
+  EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_GetValue) Неизвестное исключение"})});
+  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
+  EXPECT_EQ(view.payload.integer, 0);
+  EXPECT_EQ(Shown(Size(L"S1"), Column(L"Длина")), L"i:10");
+}
+
+TEST_F(Shapes, AWriteToColumn11LeavesTheIdentifier) {
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   ASSERT_NE(size, nullptr);
   LxAttribute* id = Column(L"ID_specification");
