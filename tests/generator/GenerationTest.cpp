@@ -168,6 +168,28 @@ TEST_F(Generation, FormulasParseAndReadNumbersOfTheirTemplate) {
             24);
 }
 
+TEST_F(Generation, ManyValuesPerSizeAreWrittenWhole) {
+  // 71 values per size: more than one statement's parameters can carry.
+  CatalogShape shape;
+  shape.sizesPerTemplate = 3;
+  shape.attributes = 70;
+  Generate(shape);
+  EXPECT_EQ(Rows(L"ATTRIBUTEVALUE"), 3 * 71);
+  EXPECT_EQ(Rows(L"CONCRETEVALUE"), 3 * 71);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
+                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID WHERE "
+                      L"(OA.ATTRTYPE = 1 AND CV.INTVAL IS NOT NULL) OR (OA.ATTRTYPE = 2 AND CV.DOUBLEVAL IS NOT "
+                      L"NULL) OR (OA.ATTRTYPE = 3 AND CV.STRVAL IS NOT NULL)"),
+            3 * 71);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT STANDARDSIZEID FROM ATTRIBUTEVALUE GROUP BY 1 "
+                      L"HAVING COUNT(DISTINCT OBJECTATTRIBUTEID) = 71)"),
+            3);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
+                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID JOIN STANDARDSIZE "
+                      L"S ON S.ID = AV.STANDARDSIZEID WHERE OA.NUMBER = 11 AND CV.STRVAL = S.IDENTIFIER"),
+            3);
+}
+
 TEST_F(Generation, TheSameSeedWritesTheSameCatalog) {
   const std::wstring first = NewCatalogFile("first.fdb");
   const std::wstring second = NewCatalogFile("second.fdb");

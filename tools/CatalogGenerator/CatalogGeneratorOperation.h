@@ -85,15 +85,13 @@ class CatalogGeneratorOperation : public BaseOperation {
   void InsertSize(std::int32_t id, std::int32_t templateId, const std::wstring& identifier);
   // A CONCRETEVALUE row; the value must be an integer, a double or a text.
   void InsertValue(std::int32_t id, const Value& value);
-  void InsertSizeValue(std::int32_t templateAttributeId, std::int32_t sizeId, std::int32_t valueId);
   // The values of one size: a CONCRETEVALUE row for each, with ids from
-  // firstValueId up in this order, and the ATTRIBUTEVALUE row that links it.
-  // The same rows as InsertValue and InsertSizeValue give, in a fraction of
-  // the executions.
+  // firstValueId up in this order, and the ATTRIBUTEVALUE row that links it
+  // to the size, all in one execution.
   void InsertSizeValues(std::int32_t sizeId, std::int32_t firstValueId, const std::vector<SizeValueRow>& values);
 
  private:
-  enum Insert { kFolder, kPacket, kTemplate, kTemplateAttribute, kSize, kValue, kSizeValue, kInserts };
+  enum Insert { kFolder, kPacket, kTemplate, kTemplateAttribute, kSize, kValue, kInserts };
 
   IBPP::Statement& Prepared(Insert insert);
   IBPP::Statement& SizeValuesBlock(std::size_t values);
