@@ -111,8 +111,8 @@ TEST_F(Generation, EachSizeHasOneValueForEachPlainAttributeOfItsOwnTemplate) {
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT STANDARDSIZEID, OBJECTATTRIBUTEID FROM ATTRIBUTEVALUE "
                       L"GROUP BY 1, 2 HAVING COUNT(*) > 1)"),
             0);
-  EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT CAST(OA.NUMBER AS VARCHAR(6)) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                        L"AV.OBJECTATTRIBUTEID ORDER BY 1"),
+  EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT CAST(OA.NUMBER AS VARCHAR(6)) FROM ATTRIBUTEVALUE AV "
+                        L"JOIN OBJECTATTRIBUTE OA ON OA.ID = AV.OBJECTATTRIBUTEID ORDER BY 1"),
             (std::vector<std::wstring>{L"11", L"21", L"22"}));
   // No value row shares a CONCRETEVALUE row with another.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(DISTINCT CONCRETEVALUEID) FROM ATTRIBUTEVALUE"), 144);
@@ -120,7 +120,8 @@ TEST_F(Generation, EachSizeHasOneValueForEachPlainAttributeOfItsOwnTemplate) {
 
 TEST_F(Generation, CommonValuesAreOnTheTemplateAndEqualWithinAFolder) {
   Generate(SmallTree());
-  EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT CAST(NUMBER AS VARCHAR(6)) FROM OBJECTATTRIBUTE WHERE CONCRETEVALUEID IS NOT NULL"),
+  EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT CAST(NUMBER AS VARCHAR(6)) FROM OBJECTATTRIBUTE "
+                        L"WHERE CONCRETEVALUEID IS NOT NULL"),
             (std::vector<std::wstring>{L"23"}));
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE WHERE CONCRETEVALUEID IS NOT NULL"), 24);
   // One distinct common value per folder, since nothing splits.

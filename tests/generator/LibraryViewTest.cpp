@@ -18,7 +18,8 @@ class LibraryView : public lxtest::GeneratedCatalogFixture {
   std::vector<LxFolder*> Leaves() {
     LxFolder* root = packet_GetRootFolder(provider_GetPacket(provider_, 0));
     std::vector<LxFolder*> leaves;
-    for (std::int32_t i = 0; i < folder_GetChildFolderCount(root); ++i) leaves.push_back(folder_GetChildFolder(root, i));
+    for (std::int32_t i = 0; i < folder_GetChildFolderCount(root); ++i)
+      leaves.push_back(folder_GetChildFolder(root, i));
     return leaves;
   }
 
@@ -78,7 +79,8 @@ TEST_F(LibraryView, GroupsOfAttributeSetsBecomeVirtualFolders) {
   for (LxFolder* leaf : Leaves()) {
     ASSERT_EQ(folder_GetChildFolderCount(leaf), 3);
     std::multiset<std::int32_t> columns;
-    for (std::int32_t i = 0; i < 3; ++i) columns.insert(table_GetAttributeCount(folder_GetTable(folder_GetChildFolder(leaf, i))));
+    for (std::int32_t i = 0; i < 3; ++i)
+      columns.insert(table_GetAttributeCount(folder_GetTable(folder_GetChildFolder(leaf, i))));
     EXPECT_EQ(columns, (std::multiset<std::int32_t>{5, 5, 6}));
   }
 }

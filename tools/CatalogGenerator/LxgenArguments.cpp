@@ -48,6 +48,15 @@ Setter Count(Field field) {
   };
 }
 
+// An option that takes any text.
+template <typename Field>
+Setter Text(Field field) {
+  return [field](LxgenArguments& arguments, const std::string& text) -> std::optional<std::string> {
+    field(arguments, text);
+    return std::nullopt;
+  };
+}
+
 const std::map<std::string, Setter>& ValueOptions() {
   static const std::map<std::string, Setter> options = {
       {"--packets", Count([](LxgenArguments& a, std::int32_t v) { a.shape.packets = v; })},
@@ -75,10 +84,9 @@ const std::map<std::string, Setter>& ValueOptions() {
          else return "expects 'values' or 'attributes', not '" + text + "'";
          return std::nullopt;
        }},
-      {"--server", [](LxgenArguments& a, const std::string& text) { a.server = text; return std::optional<std::string>(); }},
-      {"--user", [](LxgenArguments& a, const std::string& text) { a.user = text; return std::optional<std::string>(); }},
-      {"--password",
-       [](LxgenArguments& a, const std::string& text) { a.password = text; return std::optional<std::string>(); }},
+      {"--server", Text([](LxgenArguments& a, const std::string& v) { a.server = v; })},
+      {"--user", Text([](LxgenArguments& a, const std::string& v) { a.user = v; })},
+      {"--password", Text([](LxgenArguments& a, const std::string& v) { a.password = v; })},
   };
   return options;
 }
