@@ -10,7 +10,6 @@
 //
 // Embedded, in a temporary folder removed at the end.
 #include <benchmark/benchmark.h>
-#include <ibase.h>
 #include <locale.h>
 #include <stdlib.h>
 
@@ -23,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "DirectClient.h"
 #include "LxDataAccess.h"
 #include "platform/TextCodec.h"
 #include "storage/BaseOperation.h"
@@ -158,109 +158,16 @@ void BM_StorageLayerSelects(benchmark::State& state) {
 }
 BENCHMARK(BM_StorageLayerSelects)->Unit(benchmark::kMillisecond);
 
-// The same two queries on the bare ISC API: an attachment, a transaction
-// like the storage layer's, and a statement per query with its output
-// buffers bound once. Text stays in the bytes the database holds.
-void CheckClient(const ISC_STATUS* status, const char* what) {
-  if (status[0] == 1 && status[1] != 0) throw std::runtime_error(std::string("client call failed: ") + what);
-}
-
-struct ClientAttachment {
-  explicit ClientAttachment(const std::string& path) {
-    const std::string user = platform::WideToUtf8(kUser);
-    std::vector<char> dpb{isc_dpb_version1, isc_dpb_utf8_filename, 0, isc_dpb_user_name,
-                          static_cast<char>(user.size())};
-    dpb.insert(dpb.end(), user.begin(), user.end());
-    ISC_STATUS_ARRAY status{};
-    isc_attach_database(status, static_cast<short>(path.size()), path.c_str(), &handle,
-                        static_cast<short>(dpb.size()), dpb.data());
-    CheckClient(status, "attach");
-  }
-  ~ClientAttachment() {
-    ISC_STATUS_ARRAY status{};
-    if (handle != 0) isc_detach_database(status, &handle);
-  }
-  ClientAttachment(const ClientAttachment&) = delete;
-  ClientAttachment& operator=(const ClientAttachment&) = delete;
-
-  isc_db_handle handle = 0;
-};
-
-struct ClientTransaction {
-  explicit ClientTransaction(ClientAttachment& attachment) {
-    static char tpb[] = {isc_tpb_version3, isc_tpb_write, isc_tpb_read_committed, isc_tpb_no_rec_version,
-                         isc_tpb_nowait};
-    ISC_STATUS_ARRAY status{};
-    isc_start_transaction(status, &handle, 1, &attachment.handle, sizeof tpb, tpb);
-    CheckClient(status, "start");
-  }
-  ~ClientTransaction() {
-    ISC_STATUS_ARRAY status{};
-    if (handle != 0) isc_rollback_transaction(status, &handle);
-  }
-  ClientTransaction(const ClientTransaction&) = delete;
-  ClientTransaction& operator=(const ClientTransaction&) = delete;
-
-  isc_tr_handle handle = 0;
-};
-
-struct ClientStatement {
-  explicit ClientStatement(ClientAttachment& attachment) {
-    ISC_STATUS_ARRAY status{};
-    isc_dsql_allocate_statement(status, &attachment.handle, &handle);
-    CheckClient(status, "allocate");
-  }
-  ~ClientStatement() {
-    ISC_STATUS_ARRAY status{};
-    if (handle != 0) isc_dsql_free_statement(status, &handle, DSQL_drop);
-  }
-  ClientStatement(const ClientStatement&) = delete;
-  ClientStatement& operator=(const ClientStatement&) = delete;
-
-  isc_stmt_handle handle = 0;
-};
-
-// Three columns: an integer, a text, an integer that may be null.
-std::int64_t ReadRows(ClientAttachment& attachment, ClientTransaction& transaction, const char* sql) {
-  ClientStatement statement(attachment);
-  alignas(XSQLDA) char area[XSQLDA_LENGTH(3)] = {};
-  XSQLDA* columns = reinterpret_cast<XSQLDA*>(area);
-  columns->version = SQLDA_VERSION1;
-  columns->sqln = 3;
-  ISC_STATUS_ARRAY status{};
-  isc_dsql_prepare(status, &transaction.handle, &statement.handle, 0, sql, 3, columns);
-  CheckClient(status, "prepare");
-  std::array<std::int32_t, 2> integers{};
-  std::array<short, 3> nulls{};
-  std::vector<char> text(static_cast<std::size_t>(columns->sqlvar[1].sqllen) + sizeof(short));
-  columns->sqlvar[0].sqldata = reinterpret_cast<char*>(&integers[0]);
-  columns->sqlvar[1].sqldata = text.data();
-  columns->sqlvar[2].sqldata = reinterpret_cast<char*>(&integers[1]);
-  for (int i = 0; i < 3; ++i) columns->sqlvar[i].sqlind = &nulls[i];
-  isc_dsql_execute(status, &transaction.handle, &statement.handle, 3, nullptr);
-  CheckClient(status, "execute");
-  std::int64_t rows = 0;
-  std::string bytes;
-  ISC_STATUS fetched = 0;
-  while ((fetched = isc_dsql_fetch(status, &statement.handle, 3, columns)) == 0) {
-    short length = 0;
-    std::memcpy(&length, text.data(), sizeof length);
-    bytes.assign(text.data() + sizeof length, static_cast<std::size_t>(length));
-    benchmark::DoNotOptimize(integers[0] + (nulls[2] < 0 ? 0 : integers[1]) + bytes.size());
-    ++rows;
-  }
-  if (fetched != 100) CheckClient(status, "fetch");
-  return rows;
-}
-
+// The same two queries on the bare ISC API, text left in the bytes the
+// database holds.
 void BM_ClientSelects(benchmark::State& state) {
   const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
-    ClientAttachment attachment(path);
-    ClientTransaction transaction(attachment);
-    rows = ReadRows(attachment, transaction, AttachBenchOperation::kPacketQuery) +
-           ReadRows(attachment, transaction, AttachBenchOperation::kFolderQuery);
+    bench::ClientAttachment attachment(path);
+    bench::ClientTransaction transaction(attachment);
+    rows = bench::ClientQuery(attachment, transaction, AttachBenchOperation::kPacketQuery).Run() +
+           bench::ClientQuery(attachment, transaction, AttachBenchOperation::kFolderQuery).Run();
   }
   CountRows(state, rows);
 }
@@ -271,8 +178,8 @@ BENCHMARK(BM_ClientSelects)->Unit(benchmark::kMillisecond);
 void BM_ClientAttachOnly(benchmark::State& state) {
   const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
   for (auto _ : state) {
-    ClientAttachment attachment(path);
-    ClientTransaction transaction(attachment);
+    bench::ClientAttachment attachment(path);
+    bench::ClientTransaction transaction(attachment);
   }
 }
 BENCHMARK(BM_ClientAttachOnly)->Unit(benchmark::kMillisecond);
