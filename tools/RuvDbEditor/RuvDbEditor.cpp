@@ -11,6 +11,7 @@
 #include <clocale>
 #include <exception>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,6 +77,9 @@ int main(int argc, char** argv) {
     return 0;
   } catch (const std::exception& failure) {
     std::cerr << "RuvDbEditor.exe: " << OneLine(failure.what()) << '\n';
+    return kFailed;
+  } catch (...) {
+    std::cerr << "RuvDbEditor.exe: an unexpected failure\n";
     return kFailed;
   }
 }
