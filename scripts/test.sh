@@ -12,9 +12,6 @@ build=$(bash "$root/scripts/build.sh" $mode | tail -n 1)
 
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1:abort_on_error=1}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1:halt_on_error=1}
-if [ -f "$root/tests/lsan.supp" ]; then
-  export LSAN_OPTIONS=${LSAN_OPTIONS:-suppressions=$root/tests/lsan.supp}
-fi
 
 cd "$build"
 jobs=$(nproc 2>/dev/null || echo 2)
