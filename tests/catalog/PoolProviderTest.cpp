@@ -81,6 +81,18 @@ TEST_F(PoolProviders, MissingDatabaseFailsWithTheClientTextAndAddsNothing) {
   EXPECT_EQ(pool_GetProviderCount(pool_), 1);
 }
 
+TEST_F(PoolProviders, WrongPasswordFailsWithTheServersTextAndChangesNothing) {
+  if (connection_.server.empty()) GTEST_SKIP() << "the embedded engine takes any password";
+  const std::wstring otherFile = NewCatalogFile("second.fdb");
+  auto [provider, writes] = Captured([&] { return AttachAs(otherFile, connection_.user, L"not the password"); });
+  EXPECT_EQ(provider, nullptr);
+  ASSERT_EQ(writes.size(), 1u);
+  EXPECT_EQ(writes[0].rfind(">LxDataAcces:  (fun: pool_AddProvider)\n", 0), 0u) << writes[0];
+  EXPECT_NE(writes[0].find("Your user name and password are not defined"), std::string::npos) << writes[0];
+  EXPECT_EQ(pool_GetProviderCount(pool_), 1);
+  EXPECT_EQ(pool_GetProvider(pool_, 0), provider_);
+}
+
 TEST_F(PoolProviders, FindPacketLooksThroughEveryProviderWithoutLoading) {
   const std::wstring otherFile = NewCatalogFile("second.fdb");
   LxDataProvider* second = Attach(otherFile);
