@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "DirectClient.h"
+#include "GeneratedCatalog.h"
 #include "LxDataAccess.h"
 #include "platform/TextCodec.h"
 #include "storage/BaseOperation.h"
@@ -79,51 +80,24 @@ class AttachBenchOperation : public BaseOperation {
 
 // The generated catalog, made at first use and removed with its folder when
 // the run ends.
-class LargeCatalog {
- public:
-  static const LargeCatalog& Get() {
-    static const LargeCatalog catalog;
-    return catalog;
-  }
-
-  const std::wstring& Path() const { return path_; }
-  const CatalogCounts& Written() const { return written_; }
-
- private:
-  LargeCatalog() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "bench-catalog-attach-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-    folder_ = pattern;
-    const std::filesystem::path file = folder_ / "catalog.fdb";
-    const auto image = EmptyCatalogImage();
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
-    path_ = platform::Utf8ToWide(file.string());
-
+const bench::GeneratedCatalog& LargeCatalog() {
+  static const bench::GeneratedCatalog catalog("bench-catalog-attach", [] {
     CatalogShape shape;
     shape.packets = kPackets;
     shape.totalFolders = kFolders;
     shape.fanOut = 4;
     shape.templatesPerFolder = 0;
-    written_ = CatalogGenerator(shape).Generate(L"", path_, kUser, kPassword);
-  }
-
-  ~LargeCatalog() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-
-  std::filesystem::path folder_;
-  std::wstring path_;
-  CatalogCounts written_;
-};
+    return shape;
+  }());
+  return catalog;
+}
 
 void CountRows(benchmark::State& state, std::int64_t rowsPerIteration) {
   state.counters["rows"] = static_cast<double>(rowsPerIteration);
 }
 
 void BM_PoolAddProvider(benchmark::State& state) {
-  const LargeCatalog& catalog = LargeCatalog::Get();
+  const bench::GeneratedCatalog& catalog = LargeCatalog();
   for (auto _ : state) {
     LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogAttachBench", L"/bench/catalog-attach.ulb");
     LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
@@ -137,7 +111,7 @@ void BM_PoolAddProvider(benchmark::State& state) {
 BENCHMARK(BM_PoolAddProvider)->Unit(benchmark::kMillisecond);
 
 void BM_ReloadProvider(benchmark::State& state) {
-  const LargeCatalog& catalog = LargeCatalog::Get();
+  const bench::GeneratedCatalog& catalog = LargeCatalog();
   LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogReloadBench", L"/bench/catalog-reload.ulb");
   LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
   if (provider == nullptr) state.SkipWithError("attach failed");
@@ -150,7 +124,7 @@ void BM_ReloadProvider(benchmark::State& state) {
 BENCHMARK(BM_ReloadProvider)->Unit(benchmark::kMillisecond);
 
 void BM_StorageLayerSelects(benchmark::State& state) {
-  const LargeCatalog& catalog = LargeCatalog::Get();
+  const bench::GeneratedCatalog& catalog = LargeCatalog();
   CDataProvider provider(L"", catalog.Path(), kUser, kPassword);
   std::int64_t rows = 0;
   for (auto _ : state) rows = AttachBenchOperation(&provider).ReadPacketsAndFolders();
@@ -161,7 +135,7 @@ BENCHMARK(BM_StorageLayerSelects)->Unit(benchmark::kMillisecond);
 // The same two queries on the bare ISC API, text left in the bytes the
 // database holds.
 void BM_ClientSelects(benchmark::State& state) {
-  const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
+  const std::string path = platform::WideToUtf8(LargeCatalog().Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);
@@ -176,7 +150,7 @@ BENCHMARK(BM_ClientSelects)->Unit(benchmark::kMillisecond);
 // What every variant above pays before its first row: attach, start a
 // transaction, roll back, detach.
 void BM_ClientAttachOnly(benchmark::State& state) {
-  const std::string path = platform::WideToUtf8(LargeCatalog::Get().Path());
+  const std::string path = platform::WideToUtf8(LargeCatalog().Path());
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);
     bench::ClientTransaction transaction(attachment);

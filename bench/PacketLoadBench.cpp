@@ -10,18 +10,14 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 #include "DirectClient.h"
+#include "GeneratedCatalog.h"
 #include "LxDataAccess.h"
 #include "platform/TextCodec.h"
-#include "storage/EmptyCatalogImage.h"
-#include "tools/CatalogGenerator/CatalogGenerator.h"
 
 namespace {
 
@@ -46,30 +42,10 @@ constexpr const char* kSizeValues =
     "CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID WHERE O.PACKETID = ?";
 
 // One generated catalog per packet size, made at first use.
-class PacketCatalog {
- public:
-  static const PacketCatalog& Get(std::int32_t sizes) {
-    static std::map<std::int32_t, std::unique_ptr<PacketCatalog>> catalogs;
-    auto& catalog = catalogs[sizes];
-    if (!catalog) catalog.reset(new PacketCatalog(sizes));
-    return *catalog;
-  }
-  ~PacketCatalog() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-  const std::wstring& Path() const { return path_; }
-
- private:
-  explicit PacketCatalog(std::int32_t sizes) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "bench-packet-load-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-    folder_ = pattern;
-    const std::filesystem::path file = folder_ / "catalog.fdb";
-    const auto image = EmptyCatalogImage();
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
-    path_ = platform::Utf8ToWide(file.string());
+const bench::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
+  static std::map<std::int32_t, std::unique_ptr<bench::GeneratedCatalog>> catalogs;
+  auto& catalog = catalogs[sizes];
+  if (!catalog) {
     CatalogShape shape;
     shape.packets = 1;
     shape.depth = 0;
@@ -77,19 +53,17 @@ class PacketCatalog {
     shape.sizesPerPacket = sizes;
     shape.attributes = kAttributes;
     shape.idSpecification = false;
-    CatalogGenerator(shape).Generate(L"", path_, kUser, kPassword);
+    catalog = std::make_unique<bench::GeneratedCatalog>("bench-packet-load", shape);
   }
-
-  std::filesystem::path folder_;
-  std::wstring path_;
-};
+  return *catalog;
+}
 
 // Bytes the allocator has handed out and not got back: what a load keeps.
 long AllocatedBytes() { return static_cast<long>(mallinfo2().uordblks); }
 
 void BM_LibraryPacketLoad(benchmark::State& state) {
   const auto sizes = static_cast<std::int32_t>(state.range(0));
-  const PacketCatalog& catalog = PacketCatalog::Get(sizes);
+  const bench::GeneratedCatalog& catalog = PacketCatalog(sizes);
   LxProviderPool* pool = lxAddLibraryProviderPool(L"PacketLoadBench", L"/bench/packet-load.ulb");
   LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
   if (provider == nullptr) {
@@ -117,7 +91,7 @@ BENCHMARK(BM_LibraryPacketLoad)->Arg(20000)->Arg(100000)->Unit(benchmark::kMilli
 
 void BM_DirectWholePacketQueries(benchmark::State& state) {
   const auto sizes = static_cast<std::int32_t>(state.range(0));
-  const std::string path = platform::WideToUtf8(PacketCatalog::Get(sizes).Path());
+  const std::string path = platform::WideToUtf8(PacketCatalog(sizes).Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);

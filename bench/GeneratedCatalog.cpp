@@ -1,0 +1,30 @@
+#include "GeneratedCatalog.h"
+
+#include <stdlib.h>
+
+#include <fstream>
+#include <stdexcept>
+
+#include "platform/TextCodec.h"
+#include "storage/EmptyCatalogImage.h"
+
+namespace bench {
+
+GeneratedCatalog::GeneratedCatalog(const std::string& name, const CatalogShape& shape) {
+  std::string pattern = (std::filesystem::temp_directory_path() / (name + "-XXXXXX")).string();
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
+  folder_ = pattern;
+  const std::filesystem::path file = folder_ / "catalog.fdb";
+  const auto image = EmptyCatalogImage();
+  std::ofstream(file, std::ios::binary)
+      .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
+  path_ = platform::Utf8ToWide(file.string());
+  written_ = CatalogGenerator(shape).Generate(L"", path_, L"SYSDBA", L"masterkey");
+}
+
+GeneratedCatalog::~GeneratedCatalog() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+}  // namespace bench
