@@ -11,31 +11,10 @@
 #include <new>
 #include <string>
 
+#include "CountingAllocator.h"
 #include "formula/FormulaParser.h"
 #include "formula/IFormulaDataSource.h"
 #include "formula/NumberText.h"
-
-namespace {
-
-std::atomic<long> allocationCount{0};
-
-}  // namespace
-
-// GCC takes the free() in a replaced operator delete for a mismatch with new;
-// here the pairing is exactly right, since operator new below uses malloc.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t size) {
-  allocationCount.fetch_add(1, std::memory_order_relaxed);
-  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
-#pragma GCC diagnostic pop
 
 namespace {
 
@@ -66,12 +45,12 @@ FormulaPtr Parse(Entry entry, std::wstring_view text) {
 }
 
 void ReportAllocations(benchmark::State& state, long before) {
-  state.counters["allocs"] = benchmark::Counter(static_cast<double>(allocationCount.load() - before),
+  state.counters["allocs"] = benchmark::Counter(static_cast<double>(lxtest::AllocationCount() - before),
                                                 benchmark::Counter::kAvgIterations);
 }
 
 void BM_Parse(benchmark::State& state, Entry entry, const wchar_t* text) {
-  const long before = allocationCount.load();
+  const long before = lxtest::AllocationCount();
   for (auto _ : state) {
     FormulaPtr tree = Parse(entry, text);
     benchmark::DoNotOptimize(tree.get());
@@ -83,7 +62,7 @@ void BM_Evaluate(benchmark::State& state, Entry entry, const wchar_t* text) {
   const FormulaPtr tree = Parse(entry, text);
   SizeSource source;
   Value result;
-  const long before = allocationCount.load();
+  const long before = lxtest::AllocationCount();
   for (auto _ : state) {
     tree->Evaluate(result, source, kDefaultNumberFormat);
     benchmark::DoNotOptimize(result);

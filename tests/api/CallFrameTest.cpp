@@ -9,6 +9,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "CountingAllocator.h"
 #include "DebugOutput.h"
 #include "LxDataAccess.h"
 #include "api/CallFrame.h"
@@ -20,20 +21,6 @@ using lx_api::CallFrame;
 using lxtest::Captured;
 using lxtest::FlushText;
 using lxtest::Writes;
-
-namespace {
-std::atomic<bool> countAllocations{false};
-std::atomic<long> allocations{0};
-}  // namespace
-
-// Counting replacement of the global allocator, on only while a test asks.
-void* operator new(std::size_t size) {
-  if (countAllocations) ++allocations;
-  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 
 namespace {
 
@@ -129,12 +116,11 @@ TEST(CallFrame, NextCallStartsWithAnEmptyList) {
 TEST(CallFrame, QuietSuccessAllocatesNothing) {
   // Fill the list once so that its capacity is there, as after any report.
   Captured([] { return CallFrame("test_Warm").Call([] { lx_api::Report(L"warm", "CTest::_Warm"); return 0; }); });
-  allocations = 0;
-  countAllocations = true;
+  const long before = lxtest::AllocationCount();
   const int result = CallFrame("test_Quiet").Handle(kSomeHandle, "h").Handle(kSomeHandle, "i").Call([] { return 7; });
-  countAllocations = false;
+  const long allocations = lxtest::AllocationCount() - before;
   EXPECT_EQ(result, 7);
-  EXPECT_EQ(allocations.load(), 0);
+  EXPECT_EQ(allocations, 0);
 }
 
 TEST(CallFrame, NestedFramesOnOneThreadDoNotDeadlock) {

@@ -10,31 +10,10 @@
 #include <map>
 #include <new>
 
+#include "CountingAllocator.h"
 #include "formula/FormulaParser.h"
 #include "formula/IFormulaDataSource.h"
 #include "formula/NumberText.h"
-
-namespace {
-
-std::atomic<long> allocationCount{0};
-
-}  // namespace
-
-// GCC takes the free() in a replaced operator delete for a mismatch with new;
-// here the pairing is exactly right, since operator new below uses malloc.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-void* operator new(std::size_t size) {
-  allocationCount.fetch_add(1, std::memory_order_relaxed);
-  if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
-  throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
-#pragma GCC diagnostic pop
 
 namespace {
 
@@ -61,9 +40,9 @@ class TableSource : public IFormulaDataSource {
 
 long AllocationsOfOneEvaluation(const CFormula& tree, IFormulaDataSource& source) {
   Value result{0};
-  const long before = allocationCount.load();
+  const long before = lxtest::AllocationCount();
   tree.Evaluate(result, source, kDefaultNumberFormat);
-  return allocationCount.load() - before;
+  return lxtest::AllocationCount() - before;
 }
 
 struct ArithmeticCase {
