@@ -12,6 +12,7 @@
 
 #include "storage/ibpp/IBPP.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -56,6 +57,8 @@ class BaseOperation {
   bool LoadPacketsAndFolders();
   bool LoadAttributeNames();
   bool LoadAttributeDescriptions();
+  // Reads (id, text) rows into one of the provider's dictionaries.
+  bool LoadDictionary(const char* sql, void (CDataProvider::*store)(std::int32_t, std::wstring));
   void End() noexcept;
 
   // Not owned; null once moved from.

@@ -34,30 +34,25 @@ bool BaseOperation::BasicLoading(CDataProvider* provider) {
   return true;
 }
 
-bool BaseOperation::LoadAttributeNames() {
+bool BaseOperation::LoadDictionary(const char* sql, void (CDataProvider::*store)(std::int32_t, std::wstring)) {
   IBPP::Statement statement = NewStatement();
-  statement.Execute("SELECT ID, NAME FROM ATTRIBUTENAME");
+  statement.Execute(sql);
   while (statement.Fetch()) {
     std::int32_t id = 0;
-    std::wstring name;
+    std::wstring text;
     statement.Get(1, id);
-    GetDbText(statement, 2, name);
-    provider_->SetAttributeName(id, std::move(name));
+    GetDbText(statement, 2, text);
+    (provider_->*store)(id, std::move(text));
   }
   return true;
 }
 
+bool BaseOperation::LoadAttributeNames() {
+  return LoadDictionary("SELECT ID, NAME FROM ATTRIBUTENAME", &CDataProvider::SetAttributeName);
+}
+
 bool BaseOperation::LoadAttributeDescriptions() {
-  IBPP::Statement statement = NewStatement();
-  statement.Execute("SELECT ID, DESCRIPTION FROM ATTRIBUTEDESCRIPTION");
-  while (statement.Fetch()) {
-    std::int32_t id = 0;
-    std::wstring description;
-    statement.Get(1, id);
-    GetDbText(statement, 2, description);
-    provider_->SetAttributeDescription(id, std::move(description));
-  }
-  return true;
+  return LoadDictionary("SELECT ID, DESCRIPTION FROM ATTRIBUTEDESCRIPTION", &CDataProvider::SetAttributeDescription);
 }
 
 bool BaseOperation::LoadPacketsAndFolders() {

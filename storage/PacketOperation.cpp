@@ -41,14 +41,10 @@ std::unique_ptr<CPacket> PacketOperation::AddPacket(CDataProvider* provider, con
 }
 
 bool PacketOperation::RenamePacket(CPacket* packet, const std::wstring& name) {
-  PacketOperation operation(packet->GetProvider());
-  CommitGuard guard(operation);
-  IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("UPDATE PACKET set PACKETID = ? WHERE ID = ?");
-  SetDbText(statement, 1, name);
-  statement.Set(2, packet->GetId());
-  statement.Execute();
-  guard.Commit();
+  ExecuteCommitted(packet->GetProvider(), "UPDATE PACKET set PACKETID = ? WHERE ID = ?", [&](IBPP::Statement& statement) {
+    SetDbText(statement, 1, name);
+    statement.Set(2, packet->GetId());
+  });
   return true;
 }
 
@@ -75,14 +71,10 @@ bool PacketOperation::RenameFolder(CFolder* folder, const std::wstring& name) {
     lx_api::Report(L"Для виртуальных фолдеров переименование невозможно", "PacketOperation::RenameFolder");
     return false;
   }
-  PacketOperation operation(ProviderOf(folder));
-  CommitGuard guard(operation);
-  IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("UPDATE FOLDER set NAME = ? WHERE ID = ?");
-  SetDbText(statement, 1, name);
-  statement.Set(2, folder->GetId());
-  statement.Execute();
-  guard.Commit();
+  ExecuteCommitted(ProviderOf(folder), "UPDATE FOLDER set NAME = ? WHERE ID = ?", [&](IBPP::Statement& statement) {
+    SetDbText(statement, 1, name);
+    statement.Set(2, folder->GetId());
+  });
   return true;
 }
 
@@ -111,13 +103,20 @@ bool PacketOperation::DeleteFolder(CFolder* folder) {
 }
 
 bool PacketOperation::MoveFolder(CFolder* folder, CFolder* newParent) {
-  PacketOperation operation(ProviderOf(folder));
+  ExecuteCommitted(ProviderOf(folder), "UPDATE FOLDER set ID_PARENT = ? WHERE ID = ?", [&](IBPP::Statement& statement) {
+    statement.Set(1, newParent->GetId());
+    statement.Set(2, folder->GetId());
+  });
+  return true;
+}
+
+void PacketOperation::ExecuteCommitted(CDataProvider* provider, const char* sql,
+                                       const std::function<void(IBPP::Statement&)>& bind) {
+  PacketOperation operation(provider);
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("UPDATE FOLDER set ID_PARENT = ? WHERE ID = ?");
-  statement.Set(1, newParent->GetId());
-  statement.Set(2, folder->GetId());
+  statement.Prepare(sql);
+  bind(statement);
   statement.Execute();
   guard.Commit();
-  return true;
 }

@@ -3,6 +3,7 @@
 // caller, who changes it only after the method succeeded.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,4 +31,8 @@ class PacketOperation : public BaseOperation {
 
  private:
   explicit PacketOperation(CDataProvider* provider) : BaseOperation(provider) {}
+  // One prepared statement, its parameters set by `bind`, in one committed
+  // transaction of its own.
+  static void ExecuteCommitted(CDataProvider* provider, const char* sql,
+                               const std::function<void(IBPP::Statement&)>& bind);
 };
