@@ -4,10 +4,6 @@
 #include "api/Handles.h"
 #include "catalog/CAttribute.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 namespace {
 
 // A getter of one text field: no checks beyond the handle.

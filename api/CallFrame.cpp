@@ -5,11 +5,10 @@
 #include "platform/TextCodec.h"
 #include "storage/ibpp/Exception.h"
 
-namespace lx_api {
 namespace {
 
 // The frame's own texts are narrow UTF-8 and become wide once, when appended.
-void AppendNarrow(const std::string& message) { Pending().Append(platform::Utf8ToWide(message)); }
+void AppendNarrow(const std::string& message) { Pending().Append(Utf8ToWide(message)); }
 
 }  // namespace
 
@@ -47,4 +46,3 @@ std::wstring_view Required(const wchar_t* text) {
   return text;
 }
 
-}  // namespace lx_api

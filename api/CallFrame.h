@@ -20,8 +20,6 @@
 
 #include "api/LibraryState.h"
 
-namespace lx_api {
-
 class CallFrame {
  public:
   // Takes the frame lock and empties the pending list. `function` is the
@@ -75,4 +73,3 @@ class CallFrame {
 // frame answers with its "unknown exception" message and the zero result.
 std::wstring_view Required(const wchar_t* text);
 
-}  // namespace lx_api

@@ -14,7 +14,7 @@
 
 namespace {
 
-std::filesystem::path FilePath(const std::wstring& path) { return platform::WideToUtf8(path); }
+std::filesystem::path FilePath(const std::wstring& path) { return WideToUtf8(path); }
 
 // Closes the descriptor on every path out.
 class FileDescriptor {

@@ -18,7 +18,7 @@ std::wstring WithBackslashes(std::wstring_view path) {
 }  // namespace
 
 std::wstring EditorTool::Path() {
-  return platform::DirectoryOf(platform::ExecutableFilePath()) + L"/" + kFileName;
+  return DirectoryOf(ExecutableFilePath()) + L"/" + kFileName;
 }
 
 std::wstring EditorTool::CommandLine(std::wstring_view toolPath, std::wstring_view option, std::wstring_view target,
@@ -38,7 +38,7 @@ std::wstring EditorTool::CommandLine(std::wstring_view toolPath, std::wstring_vi
 
 bool EditorTool::Run(std::wstring_view option, std::wstring_view target, std::wstring_view extra) {
   const std::wstring tool = Path();
-  if (!std::filesystem::exists(platform::WideToUtf8(tool))) return false;
-  const std::optional<int> exitCode = platform::RunAndWait(CommandLine(tool, option, target, extra));
+  if (!std::filesystem::exists(WideToUtf8(tool))) return false;
+  const std::optional<int> exitCode = RunAndWait(CommandLine(tool, option, target, extra));
   return exitCode == 0;
 }

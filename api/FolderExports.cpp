@@ -5,10 +5,6 @@
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 LX_API const wchar_t* folder_GetName(LxFolder* folder) {
   return CallFrame("folder_GetName").Handle(folder, "folder").Call([&] { return Obj(folder)->GetName().c_str(); });
 }
@@ -44,7 +40,7 @@ LX_API bool folder_DeleteChildFolder(LxFolder* folder, LxFolder* childFolder) {
 }
 
 LX_API bool folder_IsVirtual(LxFolder* folder) {
-  return CallFrame("lx_api::folder_IsVirtual").Handle(folder, "folder").Call([&] { return Obj(folder)->IsVirtual(); });
+  return CallFrame("folder_IsVirtual").Handle(folder, "folder").Call([&] { return Obj(folder)->IsVirtual(); });
 }
 
 LX_API LxFolderTable* folder_GetTable(LxFolder* folder) {

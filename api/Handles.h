@@ -18,8 +18,6 @@ class CStandartSize;
   inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
   inline HandleType* ToHandle(ClassType* object) { return reinterpret_cast<HandleType*>(object); }
 
-namespace lx_api {
-
 LX_BIND_HANDLE(LxProviderPool, CProviderPool)
 LX_BIND_HANDLE(LxDataProvider, CDataProvider)
 LX_BIND_HANDLE(LxPacket, CPacket)
@@ -27,7 +25,5 @@ LX_BIND_HANDLE(LxFolder, CFolder)
 LX_BIND_HANDLE(LxFolderTable, CFolderTable)
 LX_BIND_HANDLE(LxAttribute, CAttribute)
 LX_BIND_HANDLE(LxStdSize, CStandartSize)
-
-}  // namespace lx_api
 
 #undef LX_BIND_HANDLE

@@ -3,7 +3,6 @@
 #include "platform/ModulePaths.h"
 #include "storage/CProviderPool.h"
 
-namespace lx_api {
 namespace {
 
 // One object so that construction and destruction order are fixed (objects in
@@ -11,8 +10,9 @@ namespace {
 class LibraryState {
  public:
   LibraryState() {
+    Pending();  // built first, so it is torn down after the pools
     registry.emplace(std::wstring(), nullptr);
-    module.libraryDirectory = platform::DirectoryOf(platform::LibraryFilePath());
+    module.libraryDirectory = DirectoryOf(LibraryFilePath());
   }
 
   // The unload routine: pools go first, while the pending list and the table
@@ -22,7 +22,6 @@ class LibraryState {
   }
 
   PoolTable registry;
-  PendingList pending;
   std::recursive_mutex frameLock;
   ProgressRecord progress;
   ModuleRecord module;
@@ -33,9 +32,7 @@ LibraryState state;
 }  // namespace
 
 PoolTable& Registry() { return state.registry; }
-PendingList& Pending() { return state.pending; }
 std::recursive_mutex& FrameLock() { return state.frameLock; }
 ProgressRecord& Progress() { return state.progress; }
 const ModuleRecord& Module() { return state.module; }
 
-}  // namespace lx_api

@@ -1,9 +1,10 @@
-// The library's process-wide state, all of it: the registry of provider
-// pools, the pending messages of the current call, the frame lock, the
-// progress record and the module record. Everything is built when the library
-// is loaded, before any export can run, and torn down at unload in a fixed
-// order: the pools first (with their providers and temporary files), then the
-// pending list, then the registry's table.
+// The library's process-wide state: the registry of provider pools, the frame
+// lock, the progress record and the module record (the pending messages of
+// the current call live below, in platform/PendingList.h, since every layer
+// reports). Everything is built when the library is loaded, before any export
+// can run, and torn down at unload in a fixed order: the pools first (with
+// their providers and temporary files), then the pending list, then the
+// registry's table.
 //
 // Only the frame lock is safe to touch without holding the frame lock.
 #pragma once
@@ -14,11 +15,9 @@
 #include <unordered_map>
 
 #include "LxDataAccess.h"
-#include "api/PendingList.h"
+#include "platform/PendingList.h"
 
 class CProviderPool;
-
-namespace lx_api {
 
 // Library name to pool. Holds the entry "" -> null from the start.
 using PoolTable = std::unordered_map<std::wstring, std::unique_ptr<CProviderPool>>;
@@ -35,9 +34,7 @@ struct ModuleRecord {
 };
 
 PoolTable& Registry();
-PendingList& Pending();
 std::recursive_mutex& FrameLock();
 ProgressRecord& Progress();
 const ModuleRecord& Module();
 
-}  // namespace lx_api

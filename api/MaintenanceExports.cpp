@@ -3,9 +3,6 @@
 #include "api/CallFrame.h"
 #include "api/DatabaseMaintenance.h"
 
-using lx_api::CallFrame;
-using lx_api::Required;
-
 LX_API bool lxCreateEmptyFDB(const wchar_t* databasePath) {
   return CallFrame("lxCreateEmptyFDB").Strings(databasePath).Call([&] {
     return DatabaseMaintenance::CreateEmptyDatabase(databasePath);

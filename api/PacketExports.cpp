@@ -6,10 +6,6 @@
 #include "catalog/CPacket.h"
 #include "storage/CDataProvider.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 LX_API const wchar_t* packet_GetName(LxPacket* packet) {
   return CallFrame("packet_GetName").Handle(packet, "packet").Call([&] { return Obj(packet)->GetName().c_str(); });
 }
@@ -37,13 +33,13 @@ LX_API LxDataProvider* packet_GetProvider(LxPacket* packet) {
 LX_API const wchar_t* packet_GetAttributeUniqueValues(LxPacket* packet, const wchar_t* attributeName,
                                                       wchar_t separator) {
   return CallFrame("packet_GetAttributeUniqueValues").Handle(packet, "packet").Call([&] {
-    static lx_api::StaticText values;
-    return values.Assign(Obj(packet)->AttributeUniqueValues(std::wstring(lx_api::Required(attributeName)), separator));
+    static StaticText values;
+    return values.Assign(Obj(packet)->AttributeUniqueValues(std::wstring(Required(attributeName)), separator));
   });
 }
 
 LX_API LxStdSize* packet_FindStdSize(LxPacket* packet, const wchar_t* identifier) {
   return CallFrame("packet_FindStdSize").Handle(packet, "packet").Call([&] {
-    return ToHandle(Obj(packet)->FindStdSize(std::wstring(lx_api::Required(identifier))));
+    return ToHandle(Obj(packet)->FindStdSize(std::wstring(Required(identifier))));
   });
 }

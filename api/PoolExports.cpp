@@ -4,10 +4,6 @@
 #include "api/Handles.h"
 #include "storage/CProviderPool.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 LX_API LxDataProvider* pool_AddProvider(LxProviderPool* pool, const wchar_t* server, const wchar_t* database,
                                         const wchar_t* user, const wchar_t* password) {
   return CallFrame("pool_AddProvider").Handle(pool, "pool").Strings(server, database, user, password).Call([&] {

@@ -8,10 +8,6 @@
 #include "storage/CDataProvider.h"
 #include "storage/ProviderOperation.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 LX_API bool provider_IsEditable(LxDataProvider* dataProvider) {
   return CallFrame("provider_IsEditable").Handle(dataProvider, "dataProvider").Call([&] {
     return ProviderOperation::IsEditable(Obj(dataProvider));
@@ -81,14 +77,14 @@ LX_API bool provider_DeletePacket(LxDataProvider* dataProvider, LxPacket* packet
 
 LX_API const wchar_t* provider_GetDescByAtrName(LxDataProvider* dataProvider, const wchar_t* attributeName) {
   return CallFrame("provider_GetDescByAtrName").Handle(dataProvider, "dataProvider").Strings(attributeName).Call([&] {
-    static lx_api::StaticText description;
+    static StaticText description;
     return description.Assign(ProviderOperation::DescriptionOfAttributeName(Obj(dataProvider), attributeName));
   });
 }
 
 LX_API const wchar_t* provider_GetAttrNameByDesc(LxDataProvider* dataProvider, const wchar_t* description) {
   return CallFrame("provider_GetAttrNameByDesc").Handle(dataProvider, "dataProvider").Strings(description).Call([&] {
-    static lx_api::StaticText name;
+    static StaticText name;
     return name.Assign(ProviderOperation::AttributeNameOfDescription(Obj(dataProvider), description));
   });
 }

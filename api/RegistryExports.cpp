@@ -6,35 +6,30 @@
 #include "api/LibraryState.h"
 #include "api/StaticText.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::Required;
-using lx_api::ToHandle;
-
 // The registry's string arguments are the caller's duty: they are not tested
 // for null, and a null one ends as an unknown exception.
 
 LX_API LxProviderPool* lxGetLibraryProviderPool(const wchar_t* libraryName) {
-  return CallFrame("lx_api::lxGetLibraryProviderPool").Call([&] {
+  return CallFrame("lxGetLibraryProviderPool").Call([&] {
     return ToHandle(CLxDataAccess::GetPool(std::wstring(Required(libraryName))));
   });
 }
 
 LX_API LxProviderPool* lxGetLibraryProviderPoolForUlbPath(const wchar_t* ulbPath) {
-  return CallFrame("lx_api::lxGetLibraryProviderPoolForUlbPath").Call([&] {
+  return CallFrame("lxGetLibraryProviderPoolForUlbPath").Call([&] {
     return ToHandle(CLxDataAccess::GetPoolForUlbPath(Required(ulbPath)));
   });
 }
 
 LX_API LxProviderPool* lxAddLibraryProviderPool(const wchar_t* libraryName, const wchar_t* ulbPath) {
-  return CallFrame("lx_api::lxAddLibraryProviderPool").Call([&] {
+  return CallFrame("lxAddLibraryProviderPool").Call([&] {
     return ToHandle(CLxDataAccess::AddPool(std::wstring(Required(libraryName)), Required(ulbPath)));
   });
 }
 
 LX_API const wchar_t* lxGetLibraryName(LxProviderPool* pool) {
-  return CallFrame("lx_api::lxGetLibraryName").Handle(pool, "pool").Call([&] {
-    static lx_api::StaticText name;
+  return CallFrame("lxGetLibraryName").Handle(pool, "pool").Call([&] {
+    static StaticText name;
     return name.Assign(CLxDataAccess::GetLibraryName(Obj(pool)));
   });
 }
@@ -55,8 +50,8 @@ LX_API bool lxReloadProvider(const wchar_t* server, const wchar_t* database) {
 // Outside the frame: no lock, no messages, nothing to fail.
 LX_API void lxSetProgressControl(const LxProgressControl* control) {
   if (control == nullptr) return;
-  lx_api::Progress().record = *control;
-  lx_api::Progress().set = true;
+  Progress().record = *control;
+  Progress().set = true;
 }
 
-LX_API void lxClearProgressControl(void) { lx_api::Progress().set = false; }
+LX_API void lxClearProgressControl(void) { Progress().set = false; }

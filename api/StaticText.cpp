@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-namespace lx_api {
-
 void StaticText::Grow(std::size_t capacity) {
   buffers_.push_back(std::make_unique<wchar_t[]>(capacity + 1));
   capacity_ = capacity;
@@ -17,4 +15,3 @@ const wchar_t* StaticText::Assign(std::wstring_view text) {
   return buffer;
 }
 
-}  // namespace lx_api

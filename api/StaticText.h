@@ -9,8 +9,6 @@
 #include <string_view>
 #include <vector>
 
-namespace lx_api {
-
 class StaticText {
  public:
   StaticText() { Grow(kInitialCapacity); }
@@ -27,4 +25,3 @@ class StaticText {
   std::size_t capacity_ = 0;                         // characters, without the NUL
 };
 
-}  // namespace lx_api

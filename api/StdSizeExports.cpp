@@ -10,10 +10,6 @@
 #include "catalog/CTemplate.h"
 #include "formula/NumberText.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 namespace {
 
 CFolderTable* TableOf(LxStdSize* stdSize) { return Obj(stdSize)->GetTemplate()->GetTable(); }

@@ -5,10 +5,6 @@
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 
-using lx_api::CallFrame;
-using lx_api::Obj;
-using lx_api::ToHandle;
-
 LX_API bool table_IsEmpty(LxFolderTable* table) {
   return CallFrame("table_IsEmpty").Handle(table, "table").Call([&] { return Obj(table)->IsEmpty(); });
 }

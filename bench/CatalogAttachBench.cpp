@@ -135,7 +135,7 @@ BENCHMARK(BM_StorageLayerSelects)->Unit(benchmark::kMillisecond);
 // The same two queries on the bare ISC API, text left in the bytes the
 // database holds.
 void BM_ClientSelects(benchmark::State& state) {
-  const std::string path = platform::WideToUtf8(LargeCatalog().Path());
+  const std::string path = WideToUtf8(LargeCatalog().Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);
@@ -150,7 +150,7 @@ BENCHMARK(BM_ClientSelects)->Unit(benchmark::kMillisecond);
 // What every variant above pays before its first row: attach, start a
 // transaction, roll back, detach.
 void BM_ClientAttachOnly(benchmark::State& state) {
-  const std::string path = platform::WideToUtf8(LargeCatalog().Path());
+  const std::string path = WideToUtf8(LargeCatalog().Path());
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);
     bench::ClientTransaction transaction(attachment);

@@ -18,7 +18,7 @@ GeneratedCatalog::GeneratedCatalog(const std::string& name, const CatalogShape& 
   const auto image = EmptyCatalogImage();
   std::ofstream(file, std::ios::binary)
       .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
-  path_ = platform::Utf8ToWide(file.string());
+  path_ = Utf8ToWide(file.string());
   written_ = CatalogGenerator(shape).Generate(L"", path_, L"SYSDBA", L"masterkey");
 }
 

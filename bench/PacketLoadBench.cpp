@@ -91,7 +91,7 @@ BENCHMARK(BM_LibraryPacketLoad)->Arg(20000)->Arg(100000)->Unit(benchmark::kMilli
 
 void BM_DirectWholePacketQueries(benchmark::State& state) {
   const auto sizes = static_cast<std::int32_t>(state.range(0));
-  const std::string path = platform::WideToUtf8(PacketCatalog(sizes).Path());
+  const std::string path = WideToUtf8(PacketCatalog(sizes).Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
     bench::ClientAttachment attachment(path);

@@ -65,7 +65,7 @@ class BenchCatalog {
     // The server runs as another user; it needs the folder as the files.
     if (throughServer) std::filesystem::permissions(target_.folder, std::filesystem::perms(02775));
     target_.path = target_.folder + "/catalog.fdb";
-    if (!lxCreateEmptyFDB(platform::Utf8ToWide(target_.path).c_str())) throw std::runtime_error("lxCreateEmptyFDB failed");
+    if (!lxCreateEmptyFDB(Utf8ToWide(target_.path).c_str())) throw std::runtime_error("lxCreateEmptyFDB failed");
   }
   ~BenchCatalog() {
     std::error_code ignored;
@@ -106,9 +106,9 @@ class LibraryProvider {
  public:
   explicit LibraryProvider(const Target& target) {
     pool_ = lxAddLibraryProviderPool(L"bench_provider", L"/lib/bench.ulb");
-    provider_ = pool_AddProvider(pool_, platform::Utf8ToWide(target.server).c_str(),
-                                 platform::Utf8ToWide(target.path).c_str(), platform::Utf8ToWide(target.user).c_str(),
-                                 platform::Utf8ToWide(target.password).c_str());
+    provider_ = pool_AddProvider(pool_, Utf8ToWide(target.server).c_str(),
+                                 Utf8ToWide(target.path).c_str(), Utf8ToWide(target.user).c_str(),
+                                 Utf8ToWide(target.password).c_str());
     if (provider_ == nullptr) throw std::runtime_error("pool_AddProvider failed");
   }
   ~LibraryProvider() { lxDeleteProviderPool(pool_); }
@@ -124,7 +124,7 @@ class LibraryProvider {
 
 void LibraryParamMiss(benchmark::State& state, const Target& target) {
   const LibraryProvider provider(target);
-  const std::wstring name = platform::Utf8ToWide(kMissingName);
+  const std::wstring name = Utf8ToWide(kMissingName);
   QuietStandardError quiet;
   for (auto _ : state) {
     const wchar_t* value = provider_GetParam(provider.Get(), name.c_str(), L"");

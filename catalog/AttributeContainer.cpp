@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "catalog/CAttribute.h"
-#include "catalog/FoldEquals.h"
+#include "platform/CaseFold.h"
 
 namespace {
 

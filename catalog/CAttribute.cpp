@@ -1,6 +1,6 @@
 #include "catalog/CAttribute.h"
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CPacket.h"
 #include "catalog/CFolder.h"
@@ -63,22 +63,22 @@ bool CAttribute::OtherHas(const std::function<const std::wstring&(const CAttribu
 bool CAttribute::_SetName(const std::wstring& name) {
   constexpr const char* kMethod = "CAttribute::_SetName";
   if (name.empty()) {
-    lx_api::Report(L"Имя не может быть пустым", kMethod);
+    Report(L"Имя не может быть пустым", kMethod);
     return false;
   }
   if (name == name_) return true;
   if (OtherHas([](const CAttribute& a) -> const std::wstring& { return a.name_; }, name)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' новое имя '" + name + L"', т.к. уже есть такой атрибут",
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' новое имя '" + name + L"', т.к. уже есть такой атрибут",
                    kMethod);
     return false;
   }
   const std::int32_t id = ProviderOf(table_)->GetAttributeNameId(name);
   if (id == 0) {
-    lx_api::Report(L"Не смогли получить Id для имени '" + name + L"' из-за проблем с базой", kMethod);
+    Report(L"Не смогли получить Id для имени '" + name + L"' из-за проблем с базой", kMethod);
     return false;
   }
   if (!AttributeOperation::SetAtrParam(this, "ATTRIBUTENAMEID", id)) {
-    lx_api::Report(L"Не смогли переимновать атрибут '" + name_ + L"' из-за проблем с базой", kMethod);
+    Report(L"Не смогли переимновать атрибут '" + name_ + L"' из-за проблем с базой", kMethod);
     return false;
   }
   name_ = name;
@@ -90,23 +90,23 @@ bool CAttribute::_SetName(const std::wstring& name) {
 bool CAttribute::_SetDescription(const std::wstring& description) {
   constexpr const char* kMethod = "CAttribute::_SetDescription";
   if (description.empty()) {
-    lx_api::Report(L"Описание не может быть пустым", kMethod);
+    Report(L"Описание не может быть пустым", kMethod);
     return false;
   }
   if (description == description_) return true;
   if (OtherHas([](const CAttribute& a) -> const std::wstring& { return a.description_; }, description)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' новое описание '" + description +
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' новое описание '" + description +
                        L"', т.к. уже есть атрибут с таким описанием",
                    kMethod);
     return false;
   }
   const std::int32_t id = ProviderOf(table_)->GetAttributeDescriptionId(description);
   if (id == 0) {
-    lx_api::Report(L"Не смогли получить Id для описания '" + description + L"' из-за проблем с базой", kMethod);
+    Report(L"Не смогли получить Id для описания '" + description + L"' из-за проблем с базой", kMethod);
     return false;
   }
   if (!AttributeOperation::SetAtrParam(this, "ATTRIBUTEDESCRIPTIONID", id)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' описание '" + description + L"' из-за проблем с базой",
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' описание '" + description + L"' из-за проблем с базой",
                    kMethod);
     return false;
   }
@@ -122,7 +122,7 @@ bool CAttribute::_SetNumber(std::int32_t number) {
   AttributeContainer& columns = table_->Attributes();
   for (std::size_t i = 0; i < columns.Count(); ++i) {
     if (columns.At(i) != this && columns.At(i)->number_ == number) {
-      lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' номер '" + shown +
+      Report(L"Не смогли задать атрибуту '" + name_ + L"' номер '" + shown +
                          L"', т.к. уже есть атрибут с таким номером",
                      kMethod);
       return false;
@@ -130,7 +130,7 @@ bool CAttribute::_SetNumber(std::int32_t number) {
   }
   // The rows are found by the present number, so it changes last.
   if (!AttributeOperation::SetAtrParam(this, "NUMBER", number)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' номер '" + shown + L"' из-за проблем с базой", kMethod);
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' номер '" + shown + L"' из-за проблем с базой", kMethod);
     return false;
   }
   UpdateRecords([number](TemplateAttribute& record) { record.number = number; });
@@ -142,7 +142,7 @@ bool CAttribute::_SetNumber(std::int32_t number) {
 bool CAttribute::_SetOldNumber(std::int32_t oldNumber) {
   if (oldNumber == oldNumber_) return true;
   if (!AttributeOperation::SetAtrParam(this, "OLD_NUMBER", oldNumber)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' 'old' номер '" + std::to_wstring(oldNumber) +
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' 'old' номер '" + std::to_wstring(oldNumber) +
                        L"' из-за проблем с базой",
                    "CAttribute::_SetOldNumber");
     return false;
@@ -155,7 +155,7 @@ bool CAttribute::_SetOldNumber(std::int32_t oldNumber) {
 bool CAttribute::_SetMeasure(const std::wstring& measure) {
   if (measure == measure_) return true;
   if (!AttributeOperation::SetAtrParam(this, "MEASURE", measure)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' единицу измерения '" + measure +
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' единицу измерения '" + measure +
                        L"' из-за проблем с базой",
                    "CAttribute::_SetMeasure");
     return false;
@@ -169,13 +169,13 @@ bool CAttribute::_SetVarName(const std::wstring& varName) {
   constexpr const char* kMethod = "CAttribute::_SetVarName";
   if (varName == varName_) return true;
   if (!varName.empty() && OtherHas([](const CAttribute& a) -> const std::wstring& { return a.varName_; }, varName)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' имя переменной '" + varName +
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' имя переменной '" + varName +
                        L"', т.к. уже есть атрибут с таким именем переменной",
                    kMethod);
     return false;
   }
   if (!AttributeOperation::SetAtrParam(this, "VARNAME", varName)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' имя переменной '" + varName + L"' из-за проблем с базой",
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' имя переменной '" + varName + L"' из-за проблем с базой",
                    kMethod);
     return false;
   }
@@ -191,12 +191,12 @@ bool CAttribute::_SetFormula(const std::wstring& formula) {
     try {
       tree = ParseTextFormula(formula);
     } catch (...) {
-      lx_api::Report(L"Проблема при расшифровке формулы " + formula, kMethod);
+      Report(L"Проблема при расшифровке формулы " + formula, kMethod);
       return false;
     }
   }
   if (!AttributeOperation::SetAtrParam(this, "FORMULA", formula)) {
-    lx_api::Report(L"Не смогли задать атрибуту '" + name_ + L"' формулу '" + formula + L"' из-за проблем с базой",
+    Report(L"Не смогли задать атрибуту '" + name_ + L"' формулу '" + formula + L"' из-за проблем с базой",
                    kMethod);
     return false;
   }
@@ -210,7 +210,7 @@ bool CAttribute::_SetType(std::int32_t type) {
   constexpr const char* kMethod = "CAttribute::_SetType";
   if (type == type_) return true;
   if (type == LX_VALUE_EMPTY) {
-    lx_api::Report(L"Для атрибута задается неверный тип", kMethod);
+    Report(L"Для атрибута задается неверный тип", kMethod);
     return false;
   }
   if (formula_.empty()) {
@@ -218,19 +218,19 @@ bool CAttribute::_SetType(std::int32_t type) {
       CTemplate* entry = table_->Template(i);
       const TemplateAttribute* record = entry->FindRecord(number_);
       if (record != nullptr && !IsEmpty(record->value)) {
-        lx_api::Report(L"Для атрибута нельзя сменить тип, т.к. в шаблоне хранится его значение", kMethod);
+        Report(L"Для атрибута нельзя сменить тип, т.к. в шаблоне хранится его значение", kMethod);
         return false;
       }
       for (std::size_t s = 0; s < entry->SizeCount(); ++s) {
         if (entry->Size(s)->Values().count(number_) != 0) {
-          lx_api::Report(L"Для атрибута нельзя сменить тип, т.к. в типоразмере хранится его значение", kMethod);
+          Report(L"Для атрибута нельзя сменить тип, т.к. в типоразмере хранится его значение", kMethod);
           return false;
         }
       }
     }
   }
   if (!AttributeOperation::SetAtrParam(this, "ATTRTYPE", type)) {
-    lx_api::Report(L"Не смогли сменить тип атрибута", kMethod);
+    Report(L"Не смогли сменить тип атрибута", kMethod);
     return false;
   }
   type_ = type;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CPacket.h"
 #include "storage/PacketOperation.h"
@@ -55,7 +55,7 @@ std::unique_ptr<CFolder> CFolder::DetachChild(CFolder* child) {
 
 CFolderTable* CFolder::_GetTable() {
   if (packet_ == nullptr || !packet_->Load()) {
-    lx_api::Report(L"Не смогли загрузить данные фолдера " + name_, "CFolder::_GetTable");
+    Report(L"Не смогли загрузить данные фолдера " + name_, "CFolder::_GetTable");
     return nullptr;
   }
   return table_.get();
@@ -69,7 +69,7 @@ std::int32_t CFolder::_GetChildFolderCount() {
 CFolder* CFolder::_GetChildFolder(std::int32_t index) {
   _GetTable();
   if (index < 0 || static_cast<std::size_t>(index) >= children_.size()) {
-    lx_api::ReportIndexOutOfRange(index, static_cast<std::int64_t>(children_.size()), "CFolder::_GetChildFolder");
+    ReportIndexOutOfRange(index, static_cast<std::int64_t>(children_.size()), "CFolder::_GetChildFolder");
     return nullptr;
   }
   return children_[static_cast<std::size_t>(index)].get();
@@ -78,16 +78,16 @@ CFolder* CFolder::_GetChildFolder(std::int32_t index) {
 CFolder* CFolder::_AddChildFolder(const std::wstring& name) {
   constexpr const char* kMethod = "CFolder::_AddChildFolder";
   if (name.empty()) {
-    lx_api::Report(L"Имя фолдера не может быть пустым", kMethod);
+    Report(L"Имя фолдера не может быть пустым", kMethod);
     return nullptr;
   }
   if (FindChild(name) != nullptr) {
-    lx_api::Report(L"Фолдер с именем '" + name + L"' уже есть", kMethod);
+    Report(L"Фолдер с именем '" + name + L"' уже есть", kMethod);
     return nullptr;
   }
   std::unique_ptr<CFolder> child = PacketOperation::AddChildFolder(this, name);
   if (!child) {
-    lx_api::Report(L"Не смогли добавить фолдер '" + name + L"' в фолдер '" + name_ + L"' из-за проблем с базой",
+    Report(L"Не смогли добавить фолдер '" + name + L"' в фолдер '" + name_ + L"' из-за проблем с базой",
                    kMethod);
     return nullptr;
   }
@@ -97,19 +97,19 @@ CFolder* CFolder::_AddChildFolder(const std::wstring& name) {
 bool CFolder::_DeleteChildFolder(CFolder* child) {
   constexpr const char* kMethod = "CFolder::_DeleteChildFolder";
   if (child->parent_ != this) {
-    lx_api::Report(L"Фолдер не соответствует своему родителю", kMethod);
+    Report(L"Фолдер не соответствует своему родителю", kMethod);
     return false;
   }
   if (child->IsVirtual()) {
-    lx_api::Report(L"Нельзя удалять виртуальные фолдеры", kMethod);
+    Report(L"Нельзя удалять виртуальные фолдеры", kMethod);
     return false;
   }
   if (!child->children_.empty()) {
-    lx_api::Report(L"Фолдер имеет сабфолдеры", kMethod);
+    Report(L"Фолдер имеет сабфолдеры", kMethod);
     return false;
   }
   if (!PacketOperation::DeleteFolder(child)) {
-    lx_api::Report(L"Проблемы при удалении фолдера '" + child->name_ + L"' из базы", kMethod);
+    Report(L"Проблемы при удалении фолдера '" + child->name_ + L"' из базы", kMethod);
     return false;
   }
   DetachChild(child);
@@ -120,29 +120,29 @@ bool CFolder::MayMoveTo(CFolder* newParent) {
   constexpr const char* kMethod = "CFolder::_MoveTo";
   for (CFolder* above = newParent; above != nullptr; above = above->parent_) {
     if (above == this) {
-      lx_api::Report(L"Родительский фолдер не может быть ниже по дереву чем перемещаемый фолдер", kMethod);
+      Report(L"Родительский фолдер не может быть ниже по дереву чем перемещаемый фолдер", kMethod);
       return false;
     }
   }
   if (IsVirtual()) {
-    lx_api::Report(L"Нельзя переносить виртуальные фолдеры", kMethod);
+    Report(L"Нельзя переносить виртуальные фолдеры", kMethod);
     return false;
   }
   if (newParent == nullptr) {
-    lx_api::Report(L"Родительский фолдер не найден", kMethod);
+    Report(L"Родительский фолдер не найден", kMethod);
     return false;
   }
   if (newParent->IsVirtual()) {
-    lx_api::Report(L"Нельзя редактировать виртуальные фолдеры", kMethod);
+    Report(L"Нельзя редактировать виртуальные фолдеры", kMethod);
     return false;
   }
   // Providers are compared as objects: two providers of one database differ.
   if (packet_->GetProvider() != newParent->packet_->GetProvider()) {
-    lx_api::Report(L"Фолдеры находятся в разных базах", kMethod);
+    Report(L"Фолдеры находятся в разных базах", kMethod);
     return false;
   }
   if (newParent->FindChild(name_) != nullptr) {
-    lx_api::Report(L"Фолдер с таким именем уже есть", kMethod);
+    Report(L"Фолдер с таким именем уже есть", kMethod);
     return false;
   }
   return true;
@@ -150,13 +150,13 @@ bool CFolder::MayMoveTo(CFolder* newParent) {
 
 bool CFolder::_MoveTo(CFolder* newParent) {
   if (parent_ == nullptr) {
-    lx_api::Report(L"Корневой фолдер нельзя переносить", "CFolder::_MoveTo");
+    Report(L"Корневой фолдер нельзя переносить", "CFolder::_MoveTo");
     return false;
   }
   if (newParent == parent_) return true;
   if (!MayMoveTo(newParent)) return false;
   if (!PacketOperation::MoveFolder(this, newParent)) {
-    lx_api::Report(L"Не смогли перенести фолдер из-за проблем с базой", "CFolder::_MoveTo");
+    Report(L"Не смогли перенести фолдер из-за проблем с базой", "CFolder::_MoveTo");
     return false;
   }
   newParent->AppendChild(parent_->DetachChild(this));

@@ -4,7 +4,7 @@
 #include <locale>
 #include <sstream>
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CAttribute.h"
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
@@ -78,7 +78,7 @@ std::wstring CFolderTable::FolderAndPacketLines() const {
 
 CAttribute* CFolderTable::_GetAttribute(std::int32_t index) const {
   if (index < 0 || index >= GetAttributeCount()) {
-    lx_api::ReportIndexOutOfRange(index, GetAttributeCount(), "CFolderTable::_GetAttribute");
+    ReportIndexOutOfRange(index, GetAttributeCount(), "CFolderTable::_GetAttribute");
     return nullptr;
   }
   return attributes_.At(static_cast<std::size_t>(index));
@@ -88,27 +88,27 @@ CAttribute* CFolderTable::_AddAttribute(const std::wstring& name, const std::wst
                                         std::int32_t number) {
   constexpr const char* kMethod = "CFolderTable::_AddAttribute";
   if (type == LX_VALUE_EMPTY) {
-    lx_api::Report(L"Для атрибута задается неверный тип", kMethod);
+    Report(L"Для атрибута задается неверный тип", kMethod);
     return nullptr;
   }
   if (templates_.empty() && CreateNewTemplate(L"_AddTemplate") == nullptr) {
-    lx_api::Report(L"Не могли создать шаблон", kMethod);
+    Report(L"Не могли создать шаблон", kMethod);
     return nullptr;
   }
   if (number < 0) number = std::max(kFirstAutomaticNumber - 1, attributes_.LargestNumber()) + 1;
   for (std::size_t i = 0; i < attributes_.Count(); ++i) {
     const CAttribute* existing = attributes_.At(i);
     if (existing->GetName() == name) {
-      lx_api::Report(L"Атрибут с таким именем есть: " + name, kMethod);
+      Report(L"Атрибут с таким именем есть: " + name, kMethod);
       return nullptr;
     }
     if (existing->GetNumber() == number) {
-      lx_api::Report(L"Атрибут с таким номером есть: " + std::to_wstring(number), kMethod);
+      Report(L"Атрибут с таким номером есть: " + std::to_wstring(number), kMethod);
       return nullptr;
     }
   }
   if (!TableOperation::AddAttribute(this, name, description, type, number)) {
-    lx_api::Report(L"Проблемы при создании атрибута\nname = " + name + L"\ndesc = " + description + L"\ntype = " +
+    Report(L"Проблемы при создании атрибута\nname = " + name + L"\ndesc = " + description + L"\ntype = " +
                        std::to_wstring(type) + FolderAndPacketLines(),
                    kMethod);
     return nullptr;
@@ -122,11 +122,11 @@ CAttribute* CFolderTable::_AddAttribute(const std::wstring& name, const std::wst
 bool CFolderTable::_DeleteAttribute(CAttribute* attribute) {
   constexpr const char* kMethod = "CFolderTable::_DeleteAttribute";
   if (attribute->GetTable() != this) {
-    lx_api::Report(L"Атрибут не соответствует своему родителю", kMethod);
+    Report(L"Атрибут не соответствует своему родителю", kMethod);
     return false;
   }
   if (!TableOperation::DeleteAttribute(attribute)) {
-    lx_api::Report(L"Проблемы при удалении атрибута:\nname = " + attribute->GetName() + FolderAndPacketLines(), kMethod);
+    Report(L"Проблемы при удалении атрибута:\nname = " + attribute->GetName() + FolderAndPacketLines(), kMethod);
     return false;
   }
   const std::int32_t number = attribute->GetNumber();
@@ -152,7 +152,7 @@ CStandartSize* CFolderTable::_GetStdSize(std::int32_t index) const {
       remaining -= entry->SizeCount();
     }
   }
-  lx_api::ReportIndexOutOfRange(index, GetStdSizeCount(), "CFolderTable::_GetStdSize");
+  ReportIndexOutOfRange(index, GetStdSizeCount(), "CFolderTable::_GetStdSize");
   return nullptr;
 }
 
@@ -191,7 +191,7 @@ std::wstring CFolderTable::GetNewTemplateName(const std::wstring& name) const {
 CStandartSize* CFolderTable::_AddStdSize(const std::wstring& requested) {
   constexpr const char* kMethod = "CFolderTable::_AddStdSize";
   if (requested.empty()) {
-    lx_api::Report(L"Индентификатор типоразмера не может быть пустым", kMethod);
+    Report(L"Индентификатор типоразмера не может быть пустым", kMethod);
     return nullptr;
   }
   const std::wstring identifier = GetNewStdSizeName(requested);
@@ -199,18 +199,18 @@ CStandartSize* CFolderTable::_AddStdSize(const std::wstring& requested) {
   // when a later one fails, in the database and in memory alike.
   CTemplate* owner = CreateNewTemplate(identifier);
   if (owner == nullptr) {
-    lx_api::Report(L"Не смогли создать шаблон для нового типоразмера", kMethod);
+    Report(L"Не смогли создать шаблон для нового типоразмера", kMethod);
     return nullptr;
   }
   if (attributes_.FindByNumber(kIdSpecificationNumber) == nullptr &&
       _AddAttribute(kIdSpecificationName, kIdSpecificationDescription, LX_VALUE_STRING, kIdSpecificationNumber) ==
           nullptr) {
-    lx_api::Report(L"Не смогли создать 11й атрибут", kMethod);
+    Report(L"Не смогли создать 11й атрибут", kMethod);
     return nullptr;
   }
   const std::int32_t id = TableOperation::AddStdSize(owner, identifier);
   if (id == 0) {
-    lx_api::Report(L"Проблемы при создании типоразмера\nid = " + identifier + L"\ntemplate = " + owner->GetName() +
+    Report(L"Проблемы при создании типоразмера\nid = " + identifier + L"\ntemplate = " + owner->GetName() +
                        FolderAndPacketLines(),
                    kMethod);
     return nullptr;
@@ -224,11 +224,11 @@ bool CFolderTable::_DeleteStdSize(CStandartSize* size) {
   constexpr const char* kMethod = "CFolderTable::_DeleteStdSize";
   CTemplate* owner = size->GetTemplate();
   if (!HoldsTemplate(owner)) {
-    lx_api::Report(L"Типоразмер не соответствует своему родителю", kMethod);
+    Report(L"Типоразмер не соответствует своему родителю", kMethod);
     return false;
   }
   if (!TableOperation::DeleteStdSize(size)) {
-    lx_api::Report(L"Проблемы при удалении типоразмера:\nname = " + size->GetIdentifier() + L"\ntemplate = " +
+    Report(L"Проблемы при удалении типоразмера:\nname = " + size->GetIdentifier() + L"\ntemplate = " +
                        owner->GetName() + FolderAndPacketLines(),
                    kMethod);
     return false;
@@ -241,11 +241,11 @@ bool CFolderTable::_GetValue(CAttribute* attribute, CStandartSize* size, ValueVi
   constexpr const char* kMethod = "CFolderTable::_GetValue";
   out = ValueView{};
   if (attribute->GetTable() != this) {
-    lx_api::Report(L"Атрибут не соответствует своему родителю", kMethod);
+    Report(L"Атрибут не соответствует своему родителю", kMethod);
     return false;
   }
   if (size->GetTemplate()->GetTable() != this) {
-    lx_api::Report(L"Типоразмер не соответствует своему родителю", kMethod);
+    Report(L"Типоразмер не соответствует своему родителю", kMethod);
     return false;
   }
   const Value* value = GetSizeValue(*attribute, *size, format, nullptr);
@@ -256,19 +256,19 @@ bool CFolderTable::_GetValue(CAttribute* attribute, CStandartSize* size, ValueVi
 
 bool CFolderTable::MayChangeValue(CAttribute* attribute, CStandartSize* size, const char* method) const {
   if (attribute->GetTable() != this) {
-    lx_api::Report(L"Атрибут не соответствует своему родителю", method);
+    Report(L"Атрибут не соответствует своему родителю", method);
     return false;
   }
   if (size->GetTemplate()->GetTable() != this) {
-    lx_api::Report(L"Типоразмер не соответствует своему родителю", method);
+    Report(L"Типоразмер не соответствует своему родителю", method);
     return false;
   }
   if (!attribute->GetFormula().empty()) {
-    lx_api::Report(L"Для вычисляемых полей нельзя задавать значение", method);
+    Report(L"Для вычисляемых полей нельзя задавать значение", method);
     return false;
   }
   if (size->GetTemplate()->FindRecord(attribute->GetNumber()) == nullptr) {
-    lx_api::Report(L"Не смогли найти атрибут у типоразмера", method);
+    Report(L"Не смогли найти атрибут у типоразмера", method);
     return false;
   }
   return true;
@@ -288,7 +288,7 @@ bool CFolderTable::_SetValue(CAttribute* attribute, CStandartSize* size, const V
   if (!MayChangeValue(attribute, size, kMethod)) return false;
   CTemplate* owner = size->GetTemplate();
   if (!TableOperation::SetValue(attribute, size, value)) {
-    lx_api::Report(L"Проблема при задании нового значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
+    Report(L"Проблема при задании нового значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
                        owner->GetName() + L"\nstdSize = " + size->GetIdentifier() + L"\natr = " +
                        attribute->GetName() + ValueLine(value),
                    kMethod);
@@ -304,7 +304,7 @@ bool CFolderTable::_RemoveValue(CAttribute* attribute, CStandartSize* size) {
   if (!MayChangeValue(attribute, size, kMethod)) return false;
   CTemplate* owner = size->GetTemplate();
   if (!TableOperation::RemoveValue(attribute, size)) {
-    lx_api::Report(L"Проблема при удалении значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
+    Report(L"Проблема при удалении значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
                        owner->GetName() + L"\nstdSize = " + size->GetIdentifier() + L"\natr = " +
                        attribute->GetName(),
                    kMethod);
@@ -319,7 +319,7 @@ CTemplate* CFolderTable::CreateNewTemplate(const std::wstring& requested) {
   const std::wstring name = GetNewTemplateName(requested);
   const std::int32_t id = TableOperation::CreateNewTemplate(this, name);
   if (id == 0) {
-    lx_api::Report(L"Проблема с базой, не смогли создать новый темплейт", "CFolderTable::CreateNewTemplate");
+    Report(L"Проблема с базой, не смогли создать новый темплейт", "CFolderTable::CreateNewTemplate");
     return nullptr;
   }
   if (templates_.empty()) return AppendTemplate(std::make_unique<CTemplate>(id, name, 0, L"", this));
@@ -336,7 +336,7 @@ bool CFolderTable::CreateTemplateFor(CStandartSize* size) {
   const std::wstring name = GetNewTemplateName(old->GetName());
   const std::int32_t id = TableOperation::CreateTemplateFor(size, name);
   if (id == 0) {
-    lx_api::Report(L"Проблема с базой, не смогли создать новый темплейт для типоразмера",
+    Report(L"Проблема с базой, не смогли создать новый темплейт для типоразмера",
                    "CFolderTable::CreateTemplateFor");
     return false;
   }

@@ -1,6 +1,6 @@
 #include "catalog/CStandartSize.h"
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CTemplate.h"
 #include "storage/TableOperation.h"
 
@@ -12,7 +12,7 @@ CStandartSize::~CStandartSize() = default;
 bool CStandartSize::_SetType(const std::wstring& type) {
   if (type == ownerTemplate_->GetType()) return true;
   if (!TableOperation::SetTemplateType(ownerTemplate_, type)) {
-    lx_api::Report(L"Проблема задания типа типоразмера в базе", "CStandartSize::_SetType");
+    Report(L"Проблема задания типа типоразмера в базе", "CStandartSize::_SetType");
     return false;
   }
   ownerTemplate_->SetType(type);

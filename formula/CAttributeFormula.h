@@ -3,8 +3,7 @@
 // The one node that can be written through: a formula that is nothing but
 // such a reference acts as an alias of the attribute it names, so a write to
 // the first lands on the second. Immutable after construction.
-#ifndef LXDA_FORMULA_CATTRIBUTEFORMULA_H
-#define LXDA_FORMULA_CATTRIBUTEFORMULA_H
+#pragma once
 
 #include <cstdint>
 
@@ -23,5 +22,3 @@ class CAttributeFormula : public CFormula {
  private:
   int32_t attributeNumber_;
 };
-
-#endif  // LXDA_FORMULA_CATTRIBUTEFORMULA_H

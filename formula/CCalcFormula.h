@@ -4,8 +4,7 @@
 // Arithmetic never fails: integers wrap in 32 bits, division by zero gives
 // zero of the operands' kind, an empty operand makes the result empty, and
 // "+" joins texts when either side is a string. Immutable after construction.
-#ifndef LXDA_FORMULA_CCALCFORMULA_H
-#define LXDA_FORMULA_CCALCFORMULA_H
+#pragma once
 
 #include "formula/CComplexFormula.h"
 
@@ -23,5 +22,3 @@ class CCalcFormula : public CComplexFormula {
  private:
   wchar_t operation_;
 };
-
-#endif  // LXDA_FORMULA_CCALCFORMULA_H

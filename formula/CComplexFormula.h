@@ -2,8 +2,7 @@
 // expressions in braces, whose value is the pieces' texts joined. Also the
 // base of the nodes that own a list of children (CCalcFormula,
 // CFunctionFormula). Immutable after construction.
-#ifndef LXDA_FORMULA_CCOMPLEXFORMULA_H
-#define LXDA_FORMULA_CCOMPLEXFORMULA_H
+#pragma once
 
 #include <vector>
 
@@ -22,5 +21,3 @@ class CComplexFormula : public CFormula {
  private:
   std::vector<FormulaPtr> children_;
 };
-
-#endif  // LXDA_FORMULA_CCOMPLEXFORMULA_H

@@ -5,8 +5,7 @@
 // each through its own data source. A node owns its children. The base has no
 // data; the virtual slots keep this order: destructor, Evaluate, SetValue,
 // CanEditValue.
-#ifndef LXDA_FORMULA_CFORMULA_H
-#define LXDA_FORMULA_CFORMULA_H
+#pragma once
 
 #include <memory>
 
@@ -33,5 +32,3 @@ class CFormula {
 };
 
 using FormulaPtr = std::unique_ptr<CFormula>;
-
-#endif  // LXDA_FORMULA_CFORMULA_H

@@ -2,8 +2,7 @@
 // arguments as children. Only "R" (rounding) computes anything; the other
 // names the parser accepts evaluate to the integer 0 without touching their
 // arguments. Immutable after construction.
-#ifndef LXDA_FORMULA_CFUNCTIONFORMULA_H
-#define LXDA_FORMULA_CFUNCTIONFORMULA_H
+#pragma once
 
 #include <string>
 
@@ -23,5 +22,3 @@ class CFunctionFormula : public CComplexFormula {
  private:
   std::wstring name_;
 };
-
-#endif  // LXDA_FORMULA_CFUNCTIONFORMULA_H

@@ -1,8 +1,7 @@
 // CLogicFormula: one operator of a condition over a left and a right operand.
 // The result is always the integer 1 or 0; there is no boolean kind.
 // Immutable after construction.
-#ifndef LXDA_FORMULA_CLOGICFORMULA_H
-#define LXDA_FORMULA_CLOGICFORMULA_H
+#pragma once
 
 #include <cstdint>
 
@@ -46,5 +45,3 @@ class CLogicFormula : public CFormula {
   FormulaPtr right_;
   LogicOperation operation_;
 };
-
-#endif  // LXDA_FORMULA_CLOGICFORMULA_H

@@ -2,8 +2,7 @@
 // any word of a formula that is neither a number nor a string nor "A" and a
 // number. Read-only: a reference by name can't be written through.
 // Immutable after construction.
-#ifndef LXDA_FORMULA_CNAMEDATTRIBUTEFORMULA_H
-#define LXDA_FORMULA_CNAMEDATTRIBUTEFORMULA_H
+#pragma once
 
 #include <string>
 
@@ -20,5 +19,3 @@ class CNamedAttributeFormula : public CFormula {
  private:
   std::wstring name_;
 };
-
-#endif  // LXDA_FORMULA_CNAMEDATTRIBUTEFORMULA_H

@@ -1,7 +1,6 @@
 // CSingleValueFormula: a constant of a formula, from a number, a quoted
 // string or a piece of literal text. Immutable after construction.
-#ifndef LXDA_FORMULA_CSINGLEVALUEFORMULA_H
-#define LXDA_FORMULA_CSINGLEVALUEFORMULA_H
+#pragma once
 
 #include "formula/CFormula.h"
 
@@ -16,5 +15,3 @@ class CSingleValueFormula : public CFormula {
  private:
   Value value_;
 };
-
-#endif  // LXDA_FORMULA_CSINGLEVALUEFORMULA_H

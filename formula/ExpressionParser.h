@@ -8,8 +8,7 @@
 // blank; partial trees are released on every failure path. A parser borrows
 // its view and serves one parse: it remembers which ranges it has already
 // parsed, so it isn't shared between threads.
-#ifndef LXDA_FORMULA_EXPRESSIONPARSER_H
-#define LXDA_FORMULA_EXPRESSIONPARSER_H
+#pragma once
 
 #include <set>
 #include <string_view>
@@ -50,5 +49,3 @@ class ExpressionParser {
   std::set<std::pair<size_t, size_t>> completedRanges_;
   int depth_ = 0;
 };
-
-#endif  // LXDA_FORMULA_EXPRESSIONPARSER_H

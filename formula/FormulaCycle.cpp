@@ -5,5 +5,5 @@
 void ReportFormulaCycle(bool& reported, const std::wstring& sizeIdentifier) {
   if (reported) return;
   reported = true;
-  platform::WriteDebugText(L">LxDataAcces: Зацикливание формулы в " + sizeIdentifier);
+  WriteDebugText(L">LxDataAcces: Зацикливание формулы в " + sizeIdentifier);
 }

@@ -5,8 +5,7 @@
 // frame reports every non-database exception with one fixed form. Deriving
 // from std::exception lets that generic handler take it like any other
 // standard failure. Instances are immutable and may be copied across threads.
-#ifndef LXDA_FORMULA_FORMULAERROR_H
-#define LXDA_FORMULA_FORMULAERROR_H
+#pragma once
 
 #include <exception>
 #include <string>
@@ -24,5 +23,3 @@ class FormulaError : public std::exception {
  private:
   std::wstring text_;
 };
-
-#endif  // LXDA_FORMULA_FORMULAERROR_H

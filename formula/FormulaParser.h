@@ -5,8 +5,7 @@
 // reads a search condition. Both return an owned tree or throw FormulaError;
 // neither leaves anything allocated behind when it throws. The parser keeps
 // no state between calls and may run on several threads at once.
-#ifndef LXDA_FORMULA_FORMULAPARSER_H
-#define LXDA_FORMULA_FORMULAPARSER_H
+#pragma once
 
 #include <cstddef>
 #include <string_view>
@@ -21,5 +20,3 @@ FormulaPtr ParseTextFormula(std::wstring_view text);
 // blank. Positions beyond the text are taken as its end. The root need not be
 // a CLogicFormula: a caller that needs a condition checks that itself.
 FormulaPtr ParseConditionFormula(std::wstring_view text, size_t start, size_t end);
-
-#endif  // LXDA_FORMULA_FORMULAPARSER_H

@@ -6,8 +6,7 @@
 // of the language (a bracket opened in a range may close beyond it). Only
 // U+0020 counts as a blank. A scanner borrows the view it reads and holds
 // no other state; const methods may be called from several threads.
-#ifndef LXDA_FORMULA_FORMULASCANNER_H
-#define LXDA_FORMULA_FORMULASCANNER_H
+#pragma once
 
 #include <cstddef>
 #include <string_view>
@@ -46,5 +45,3 @@ class FormulaScanner {
 
   std::wstring_view view_;
 };
-
-#endif  // LXDA_FORMULA_FORMULASCANNER_H

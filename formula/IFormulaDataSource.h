@@ -4,8 +4,7 @@
 // A source is made by the caller for one top-level read, lives on its stack
 // and belongs to that one evaluation: it is never shared between threads.
 // Reads never fail; whatever is missing comes back as an empty Value.
-#ifndef LXDA_FORMULA_IFORMULADATASOURCE_H
-#define LXDA_FORMULA_IFORMULADATASOURCE_H
+#pragma once
 
 #include <cstdint>
 #include <string>
@@ -27,5 +26,3 @@ class IFormulaDataSource {
   // was taken.
   virtual bool SetValueByNumber(int32_t attributeNumber, const Value& value) = 0;
 };
-
-#endif  // LXDA_FORMULA_IFORMULADATASOURCE_H

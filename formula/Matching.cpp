@@ -1,16 +1,11 @@
 #include "formula/Matching.h"
 
+#include "platform/CaseFold.h"
+
 namespace {
 
-wchar_t FoldCase(wchar_t c) {
-  if (c >= L'a' && c <= L'z') return static_cast<wchar_t>(c - (L'a' - L'A'));
-  if (c >= L'\u0430' && c <= L'\u044F') return static_cast<wchar_t>(c - 0x20);
-  if (c == L'\u0451') return L'\u0401';
-  return c;
-}
-
 bool SameFolded(wchar_t patternChar, wchar_t textChar) {
-  return patternChar == L'?' || FoldCase(patternChar) == FoldCase(textChar);
+  return patternChar == L'?' || FoldEquals(patternChar, textChar);
 }
 
 }  // namespace

@@ -3,8 +3,7 @@
 // MatchWildcard is the "==" of strings: "*" and "?" anywhere, letters folded
 // to capitals (Latin a-z, Russian а-я and ё). MatchLike is the "%" operator:
 // exact, case included, with "*" meaningful only at the two ends.
-#ifndef LXDA_FORMULA_MATCHING_H
-#define LXDA_FORMULA_MATCHING_H
+#pragma once
 
 #include <string_view>
 
@@ -16,5 +15,3 @@ bool MatchWildcard(const wchar_t* text, const wchar_t* pattern);
 // matches every text; one "*" at the start, the end or both asks for a
 // suffix, a prefix or a part; a "*" anywhere else never matches.
 bool MatchLike(std::wstring_view text, std::wstring_view pattern);
-
-#endif  // LXDA_FORMULA_MATCHING_H

@@ -3,8 +3,7 @@
 // Writing cuts digits and never rounds, and prints a decimal comma when asked;
 // reading takes a comma or a point and counts only when it consumes the whole
 // text. All functions are pure and may be called from any thread.
-#ifndef LXDA_FORMULA_NUMBERTEXT_H
-#define LXDA_FORMULA_NUMBERTEXT_H
+#pragma once
 
 #include <cstdint>
 #include <limits>
@@ -36,5 +35,3 @@ double StringToDouble(std::wstring_view text, double fallback);
 // limits on overflow. Returns false, leaving `number` alone, unless the
 // conversion consumed the whole text. An empty text counts as consumed, 0.
 bool ParseWholeInt32(std::wstring_view text, int32_t& number);
-
-#endif  // LXDA_FORMULA_NUMBERTEXT_H

@@ -1,6 +1,5 @@
 // Rounding: the rounding of the formula function R. Pure, any thread.
-#ifndef LXDA_FORMULA_ROUNDING_H
-#define LXDA_FORMULA_ROUNDING_H
+#pragma once
 
 #include <cstdint>
 
@@ -10,5 +9,3 @@
 // a scale too large to represent keeps `number` as it is, a scale too small
 // gives zero.
 double RoundHalfAway(double number, int32_t digits);
-
-#endif  // LXDA_FORMULA_ROUNDING_H

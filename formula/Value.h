@@ -7,8 +7,7 @@
 //   0 empty, 1 signed 32-bit integer, 2 double, 3 owned wide string.
 // A Value is a plain value type; distinct Values may be used from distinct
 // threads freely, one Value needs outside synchronisation.
-#ifndef LXDA_FORMULA_VALUE_H
-#define LXDA_FORMULA_VALUE_H
+#pragma once
 
 #include <cstdint>
 #include <string>
@@ -43,5 +42,3 @@ Value MakeValue(const ValueView& view);
 
 // The characters of a string view; empty for any other kind.
 std::wstring_view ViewText(const ValueView& view);
-
-#endif  // LXDA_FORMULA_VALUE_H

@@ -1,7 +1,6 @@
 // ValueCompare: ordering and equality of values, with the tolerance that
 // formulas and object comparison share. Pure functions, any thread.
-#ifndef LXDA_FORMULA_VALUECOMPARE_H
-#define LXDA_FORMULA_VALUECOMPARE_H
+#pragma once
 
 #include <compare>
 
@@ -19,5 +18,3 @@ std::partial_ordering CompareValues(const ValueView& left, const ValueView& righ
 // code unit for code unit; a number equals a string that is its text with
 // three fraction digits and a decimal comma (an integer: its plain digits).
 bool ValuesEqual(const ValueView& left, const ValueView& right);
-
-#endif  // LXDA_FORMULA_VALUECOMPARE_H

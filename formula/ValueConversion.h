@@ -2,8 +2,7 @@
 //
 // These are the conversions that formulas, the object buffer and value reads
 // share, so each kind has exactly one reading. All functions are pure.
-#ifndef LXDA_FORMULA_VALUECONVERSION_H
-#define LXDA_FORMULA_VALUECONVERSION_H
+#pragma once
 
 #include <cstdint>
 #include <string>
@@ -25,5 +24,3 @@ double ValueToDouble(const Value& value, double fallback = 0.0);
 // under `format` with a decimal comma, a string itself up to its first NUL.
 std::wstring ValueToText(const ValueView& value, const NumberFormat& format = kDefaultNumberFormat);
 std::wstring ValueToText(const Value& value, const NumberFormat& format = kDefaultNumberFormat);
-
-#endif  // LXDA_FORMULA_VALUECONVERSION_H

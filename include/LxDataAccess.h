@@ -11,8 +11,7 @@
  * the call that destroys it. Returned strings point into library memory and
  * must be copied before the next call that could change them.
  */
-#ifndef LXDATAACCESS_H
-#define LXDATAACCESS_H
+#pragma once
 
 #include <stdbool.h>
 #include <stddef.h>
@@ -422,5 +421,3 @@ LX_API bool search2_Check(LxSearchResult2* search, LxStdSize* stdSize);
 #ifdef __cplusplus
 }
 #endif
-
-#endif /* LXDATAACCESS_H */

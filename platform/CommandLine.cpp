@@ -1,6 +1,5 @@
 #include "platform/CommandLine.h"
 
-namespace platform {
 namespace {
 
 bool IsBlank(wchar_t ch) { return ch == L' ' || ch == L'\t'; }
@@ -69,4 +68,3 @@ std::vector<std::wstring> SplitCommandLine(std::wstring_view commandLine) {
   return arguments;
 }
 
-}  // namespace platform

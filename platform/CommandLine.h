@@ -15,8 +15,5 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
-
 std::vector<std::wstring> SplitCommandLine(std::wstring_view commandLine);
 
-}  // namespace platform

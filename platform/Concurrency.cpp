@@ -2,8 +2,5 @@
 
 #include <thread>
 
-namespace platform {
-
 unsigned HardwareThreads() { return std::thread::hardware_concurrency(); }
 
-}  // namespace platform

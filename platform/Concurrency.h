@@ -1,9 +1,6 @@
 // How many tasks the machine runs at once.
 #pragma once
 
-namespace platform {
-
 // What the system reports; 0 when it cannot tell, for the caller to decide.
 unsigned HardwareThreads();
 
-}  // namespace platform

@@ -7,8 +7,6 @@
 
 #include "platform/TextCodec.h"
 
-namespace platform {
-
 void WriteDebugText(std::wstring_view text) noexcept {
   try {
     const std::string utf8 = WideToUtf8(text);
@@ -30,4 +28,3 @@ void WriteDebugText(std::wstring_view text) noexcept {
   }
 }
 
-}  // namespace platform

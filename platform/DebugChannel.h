@@ -5,10 +5,7 @@
 
 #include <string_view>
 
-namespace platform {
-
 // Writes the text as UTF-8 in one write(2). Never throws; a failed write is
 // dropped, as the channel has no reader to tell.
 void WriteDebugText(std::wstring_view text) noexcept;
 
-}  // namespace platform

@@ -7,8 +7,6 @@
 
 #include "platform/TextCodec.h"
 
-namespace platform {
-
 std::wstring LibraryFilePath() {
   Dl_info info{};
   // Any address inside this module names it; this function's own will do.
@@ -32,4 +30,3 @@ std::wstring DirectoryOf(std::wstring_view path) {
   return std::wstring(path.substr(0, cut));
 }
 
-}  // namespace platform

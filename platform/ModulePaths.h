@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
-
 // The file of the shared library that contains this code.
 std::wstring LibraryFilePath();
 
@@ -17,4 +15,3 @@ std::wstring ExecutableFilePath();
 // the path has no separator.
 std::wstring DirectoryOf(std::wstring_view path);
 
-}  // namespace platform

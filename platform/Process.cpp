@@ -14,7 +14,6 @@
 
 extern char** environ;
 
-namespace platform {
 namespace {
 
 std::optional<int> WaitForExit(pid_t pid) {
@@ -46,4 +45,3 @@ std::optional<int> RunAndWait(std::wstring_view commandLine) {
   return WaitForExit(pid);
 }
 
-}  // namespace platform

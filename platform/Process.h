@@ -4,8 +4,6 @@
 #include <optional>
 #include <string_view>
 
-namespace platform {
-
 // Runs the command line (split as SplitCommandLine does) with the caller's
 // environment and working folder, waits without a time limit and returns the
 // exit code. A program that ends by a signal counts as exit code 128 + signal.
@@ -13,4 +11,3 @@ namespace platform {
 // program's path are read as '/', since command lines are built with them.
 std::optional<int> RunAndWait(std::wstring_view commandLine);
 
-}  // namespace platform

@@ -4,8 +4,6 @@
 
 #include "platform/TextCodec.h"
 
-namespace platform {
-
 std::wstring TempFolder() {
   for (const char* name : {"TMP", "TMPDIR"}) {
     const char* value = std::getenv(name);
@@ -14,4 +12,3 @@ std::wstring TempFolder() {
   return L"/tmp";
 }
 
-}  // namespace platform

@@ -4,9 +4,6 @@
 
 #include <string>
 
-namespace platform {
-
 // Without a trailing separator, unless the variable itself ends in one.
 std::wstring TempFolder();
 
-}  // namespace platform

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 
-namespace platform {
 namespace {
 
 // The upper half of code page 1251 (bytes 0x80..0xFF). 0x98 is unassigned.
@@ -135,4 +134,3 @@ std::wstring Cp1251ToWide(std::string_view text) {
   return out;
 }
 
-}  // namespace platform

@@ -10,8 +10,6 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
-
 std::string WideToUtf8(std::wstring_view text);
 std::wstring Utf8ToWide(std::string_view text);
 
@@ -20,4 +18,3 @@ std::wstring Utf8ToWide(std::string_view text);
 std::string WideToCp1251(std::wstring_view text);
 std::wstring Cp1251ToWide(std::string_view text);
 
-}  // namespace platform

@@ -1,6 +1,6 @@
 #include "storage/AttributeOperation.h"
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CAttribute.h"
 #include "catalog/CFolder.h"
 #include "catalog/CFolderTable.h"
@@ -12,7 +12,7 @@ template <typename SetValue>
 bool AttributeOperation::Update(CAttribute* attribute, const char* column, SetValue&& setValue) {
   CFolder* folder = attribute->GetTable()->GetFolder();
   if (folder->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров изменение атрибутов невозможно", "AttributeOperation::SetAtrParam");
+    Report(L"Для виртуальных фолдеров изменение атрибутов невозможно", "AttributeOperation::SetAtrParam");
     return false;
   }
   AttributeOperation operation(folder->GetPacket()->GetProvider());

@@ -42,8 +42,8 @@ IBPP::Database& BaseOperation::GetDatabase() {
     // Connection strings are not catalog content: they take the system's
     // narrow encoding, which is UTF-8 here, not code page 1251.
     auto database = std::make_unique<IBPP::Database>(
-        platform::WideToUtf8(provider_->GetServerName()), platform::WideToUtf8(provider_->GetDatabaseName()),
-        platform::WideToUtf8(provider_->GetUserName()), platform::WideToUtf8(provider_->GetPassword()), "", "", "");
+        WideToUtf8(provider_->GetServerName()), WideToUtf8(provider_->GetDatabaseName()),
+        WideToUtf8(provider_->GetUserName()), WideToUtf8(provider_->GetPassword()), "", "", "");
     database->Connect();
     database_ = std::move(database);
   }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CPacket.h"
 #include "storage/BaseOperation.h"
 #include "storage/PacketOperation.h"
@@ -19,7 +19,7 @@ CDataProvider::~CDataProvider() { ClearCaches(); }
 
 CPacket* CDataProvider::_GetPacket(std::int32_t index) const {
   if (index < 0 || index >= GetPacketCount()) {
-    lx_api::ReportIndexOutOfRange(index, GetPacketCount(), "CDataProvider::_GetPacket");
+    ReportIndexOutOfRange(index, GetPacketCount(), "CDataProvider::_GetPacket");
     return nullptr;
   }
   return packets_[static_cast<std::size_t>(index)].get();
@@ -42,16 +42,16 @@ void CDataProvider::ReservePackets() {
 CPacket* CDataProvider::_AddPacket(const std::wstring& name) {
   constexpr const char* kMethod = "CDataProvider::_AddPacket";
   if (GetPacketByName(name) != nullptr) {
-    lx_api::Report(L"Нельзя создать пакет, т.к. пакет с именем '" + name + L"' уже существует", kMethod);
+    Report(L"Нельзя создать пакет, т.к. пакет с именем '" + name + L"' уже существует", kMethod);
     return nullptr;
   }
   if (name.empty()) {
-    lx_api::Report(L"Нельзя создать пакет с пустым именем", kMethod);
+    Report(L"Нельзя создать пакет с пустым именем", kMethod);
     return nullptr;
   }
   std::unique_ptr<CPacket> packet = PacketOperation::AddPacket(this, name);
   if (!packet) {
-    lx_api::Report(L"Пакет '" + name + L"' не создался из-за проблем с базой", kMethod);
+    Report(L"Пакет '" + name + L"' не создался из-за проблем с базой", kMethod);
     return nullptr;
   }
   packets_.push_back(std::move(packet));
@@ -61,20 +61,20 @@ CPacket* CDataProvider::_AddPacket(const std::wstring& name) {
 bool CDataProvider::_ReNamePacket(CPacket* packet, const std::wstring& name) {
   constexpr const char* kMethod = "CDataProvider::_ReNamePacket";
   if (packet == nullptr) {
-    lx_api::Report(L"Передан нулевой указатель на пакет", kMethod);
+    Report(L"Передан нулевой указатель на пакет", kMethod);
     return false;
   }
   if (name.empty()) {
-    lx_api::Report(L"Имя пакета не может быть нулевым", kMethod);
+    Report(L"Имя пакета не может быть нулевым", kMethod);
     return false;
   }
   if (packet->GetName() == name) return true;
   if (GetPacketByName(name) != nullptr) {
-    lx_api::Report(L"Нельзя переименовать пакет, т.к. пакет с именем '" + name + L"' уже существует", kMethod);
+    Report(L"Нельзя переименовать пакет, т.к. пакет с именем '" + name + L"' уже существует", kMethod);
     return false;
   }
   if (!PacketOperation::RenamePacket(packet, name)) {
-    lx_api::Report(L"Пакет '" + packet->GetName() + L"' не переименовали из-за проблем с базой", kMethod);
+    Report(L"Пакет '" + packet->GetName() + L"' не переименовали из-за проблем с базой", kMethod);
     return false;
   }
   packet->AssignName(name);
@@ -83,7 +83,7 @@ bool CDataProvider::_ReNamePacket(CPacket* packet, const std::wstring& name) {
 
 bool CDataProvider::_ClearPacketCache(CPacket* packet) {
   if (packet == nullptr) {
-    lx_api::Report(L"Передан нулевой указатель на пакет", "CDataProvider::_ClearPacketCache");
+    Report(L"Передан нулевой указатель на пакет", "CDataProvider::_ClearPacketCache");
     return false;
   }
   std::vector<std::unique_ptr<CPacket>> removed;
@@ -118,7 +118,7 @@ const wchar_t* CDataProvider::_GetParam(const std::wstring& name, const std::wst
   }
   std::wstring value;
   if (!BaseOperation::GetParam(this, name, tag, value)) {
-    lx_api::Report(L"Не смогли получить параметр из за проблем с базой", "CDataProvider::_GetParam");
+    Report(L"Не смогли получить параметр из за проблем с базой", "CDataProvider::_GetParam");
     return nullptr;
   }
   params_.push_back(std::make_unique<Param>(Param{name, tag, std::move(value)}));

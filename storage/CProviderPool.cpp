@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "api/Report.h"
-#include "catalog/FoldEquals.h"
+#include "platform/Report.h"
+#include "platform/CaseFold.h"
 #include "storage/BaseOperation.h"
 #include "storage/CDataProvider.h"
 
@@ -31,7 +31,7 @@ CProviderPool::~CProviderPool() {
 
 CDataProvider* CProviderPool::_GetProvider(std::int32_t index) const {
   if (index < 0 || index >= GetProviderCount()) {
-    lx_api::ReportIndexOutOfRange(index, GetProviderCount(), "CProviderPool::_GetProvider");
+    ReportIndexOutOfRange(index, GetProviderCount(), "CProviderPool::_GetProvider");
     return nullptr;
   }
   return providers_[static_cast<std::size_t>(index)].get();
@@ -64,7 +64,7 @@ CDataProvider* CProviderPool::_AddProvider(const std::wstring& server, const std
   if (CDataProvider* attached = FindEqualConnection(server, database, user)) return attached;
   auto provider = std::make_unique<CDataProvider>(server, database, user, password);
   if (!BaseOperation::BasicLoading(provider.get())) {
-    lx_api::Report(L"Не смогли провести начальную загрузку из базы данных", "CProviderPool::_AddProvider");
+    Report(L"Не смогли провести начальную загрузку из базы данных", "CProviderPool::_AddProvider");
     return nullptr;
   }
   providers_.push_back(std::move(provider));
@@ -82,7 +82,7 @@ bool CProviderPool::_DeleteProvider(CDataProvider* provider) {
   const auto found = std::find_if(providers_.begin(), providers_.end(),
                                   [provider](const auto& owned) { return owned.get() == provider; });
   if (found == providers_.end()) {
-    lx_api::Report(L"Не найден провайдер среди списка доступных провайдеров", "CProviderPool::_DeleteProvider");
+    Report(L"Не найден провайдер среди списка доступных провайдеров", "CProviderPool::_DeleteProvider");
     return false;
   }
   std::unique_ptr<CDataProvider> removed = std::move(*found);

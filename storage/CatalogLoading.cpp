@@ -3,7 +3,7 @@
 // Everything below the folders waits for the first touch of its packet.
 #include <optional>
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
 #include "storage/BaseOperation.h"
@@ -20,15 +20,15 @@ constexpr const char* kBasicLoading = "BaseOperation::BasicLoading";
 bool BaseOperation::BasicLoading(CDataProvider* provider) {
   BaseOperation operation(provider);
   if (!operation.LoadPacketsAndFolders()) {
-    lx_api::Report(L"Ошибка при загрузке пакетов и фолдеров", kBasicLoading);
+    Report(L"Ошибка при загрузке пакетов и фолдеров", kBasicLoading);
     return false;
   }
   if (!operation.LoadAttributeNames()) {
-    lx_api::Report(L"Ошибка при загрузке имен атрибутов", kBasicLoading);
+    Report(L"Ошибка при загрузке имен атрибутов", kBasicLoading);
     return false;
   }
   if (!operation.LoadAttributeDescriptions()) {
-    lx_api::Report(L"Ошибка при загрузке описаний атрибутов", kBasicLoading);
+    Report(L"Ошибка при загрузке описаний атрибутов", kBasicLoading);
     return false;
   }
   return true;
@@ -89,7 +89,7 @@ bool BaseOperation::LoadPacketsAndFolders() {
     }
   }
   if (const std::optional<std::wstring> stray = linker.Link()) {
-    lx_api::Report(L"Фолдер '" + *stray + L"' не входит ни в один пакет", "BaseOperation::LoadPacketsAndFolders");
+    Report(L"Фолдер '" + *stray + L"' не входит ни в один пакет", "BaseOperation::LoadPacketsAndFolders");
     return false;
   }
   return true;

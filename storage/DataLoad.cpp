@@ -158,7 +158,7 @@ bool LoadChunk(CDataProvider* provider, const char* perKeyQuery, const std::vect
 template <typename Owner, typename ReadRows>
 bool LoadChunked(CDataProvider* provider, const char* perKeyQuery, const std::vector<Owner*>& order,
                  ReadRows readRows) {
-  const std::vector<DataLoad::Chunk> chunks = DataLoad::SplitIntoChunks(order.size(), platform::HardwareThreads());
+  const std::vector<DataLoad::Chunk> chunks = DataLoad::SplitIntoChunks(order.size(), HardwareThreads());
   std::vector<std::future<bool>> tasks;
   tasks.reserve(chunks.size());
   for (std::size_t i = 1; i < chunks.size(); ++i) {

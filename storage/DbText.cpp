@@ -3,19 +3,19 @@
 #include "platform/TextCodec.h"
 
 void SetDbText(IBPP::Statement& statement, int parameter, std::wstring_view text) {
-  statement.Set(parameter, std::string_view(platform::WideToCp1251(text)));
+  statement.Set(parameter, std::string_view(WideToCp1251(text)));
 }
 
 bool GetDbText(const IBPP::Statement& statement, int column, std::wstring& text) {
   std::string bytes;
   const bool isNull = statement.Get(column, bytes);
-  text = platform::Cp1251ToWide(bytes);
+  text = Cp1251ToWide(bytes);
   return isNull;
 }
 
 bool GetDbText(const IBPP::Statement& statement, std::string_view column, std::wstring& text) {
   std::string bytes;
   const bool isNull = statement.Get(column, bytes);
-  text = platform::Cp1251ToWide(bytes);
+  text = Cp1251ToWide(bytes);
   return isNull;
 }

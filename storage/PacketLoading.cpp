@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CFolder.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CPacket.h"
@@ -115,7 +115,7 @@ bool BaseOperation::LoadPacket(CPacket* packet) {
   IBPP::Statement statement = operation.NewStatement();
   const std::int32_t packetId = packet->GetId();
   auto fail = [&packet](const wchar_t* text) {
-    lx_api::Report(text + packet->GetName(), kLoadPacket);
+    Report(text + packet->GetName(), kLoadPacket);
     return false;
   };
 

@@ -1,6 +1,6 @@
 #include "storage/PacketOperation.h"
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
 #include "storage/CommitGuard.h"
@@ -50,7 +50,7 @@ bool PacketOperation::RenamePacket(CPacket* packet, const std::wstring& name) {
 
 std::unique_ptr<CFolder> PacketOperation::AddChildFolder(CFolder* parent, const std::wstring& name) {
   if (parent->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров это операция невозможна", "PacketOperation::AddChildFolder");
+    Report(L"Для виртуальных фолдеров это операция невозможна", "PacketOperation::AddChildFolder");
     return nullptr;
   }
   PacketOperation operation(ProviderOf(parent));
@@ -68,7 +68,7 @@ std::unique_ptr<CFolder> PacketOperation::AddChildFolder(CFolder* parent, const 
 
 bool PacketOperation::RenameFolder(CFolder* folder, const std::wstring& name) {
   if (folder->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров переименование невозможно", "PacketOperation::RenameFolder");
+    Report(L"Для виртуальных фолдеров переименование невозможно", "PacketOperation::RenameFolder");
     return false;
   }
   ExecuteCommitted(ProviderOf(folder), "UPDATE FOLDER set NAME = ? WHERE ID = ?", [&](IBPP::Statement& statement) {

@@ -1,6 +1,6 @@
 // BASE_PARAM look-ups. Older catalogs may lack the table altogether, which
 // is told apart from a missing parameter so that the client learns which.
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "storage/BaseOperation.h"
 #include "storage/DbText.h"
 
@@ -13,7 +13,7 @@ bool BaseOperation::GetParam(CDataProvider* provider, const std::wstring& name, 
   statement.Set(1, std::string_view("BASE_PARAM"));
   statement.Execute();
   if (!statement.Fetch()) {
-    lx_api::Report(L"В базе нет таблицы BASE_PARAM", kMethod);
+    Report(L"В базе нет таблицы BASE_PARAM", kMethod);
     return false;
   }
   statement.Prepare("SELECT val FROM BASE_PARAM WHERE name = ? AND tag = ?");
@@ -21,7 +21,7 @@ bool BaseOperation::GetParam(CDataProvider* provider, const std::wstring& name, 
   SetDbText(statement, 2, tag);
   statement.Execute();
   if (!statement.Fetch()) {
-    lx_api::Report(L"В таблице BASE_PARAM нет параметра " + name, kMethod);
+    Report(L"В таблице BASE_PARAM нет параметра " + name, kMethod);
     return false;
   }
   GetDbText(statement, 1, value);

@@ -1,6 +1,6 @@
 #include "storage/TableOperation.h"
 
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "catalog/CAttribute.h"
 #include "catalog/CFolder.h"
 #include "catalog/CFolderTable.h"
@@ -57,7 +57,7 @@ bool TableOperation::AddAttribute(CFolderTable* table, const std::wstring& name,
 bool TableOperation::DeleteAttribute(CAttribute* attribute) {
   CFolder* folder = FolderOf(attribute->GetTable());
   if (folder->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров удаление атрибутов невозможно", "TableOperation::DeleteAttribute");
+    Report(L"Для виртуальных фолдеров удаление атрибутов невозможно", "TableOperation::DeleteAttribute");
     return false;
   }
   static constexpr const char* kStatements[] = {
@@ -121,7 +121,7 @@ bool TableOperation::MoveValueFromAtrToTemplateStd(IBPP::Statement& statement, C
   CTemplate* owner = size->GetTemplate();
   const TemplateAttribute* record = owner->FindRecord(attribute->GetNumber());
   if (record == nullptr) {
-    lx_api::Report(kMissing, kMethod);
+    Report(kMissing, kMethod);
     return false;
   }
   if (IsEmpty(record->value)) return true;
@@ -132,7 +132,7 @@ bool TableOperation::MoveValueFromAtrToTemplateStd(IBPP::Statement& statement, C
   statement.Set(2, attribute->GetNumber());
   statement.Execute();
   if (!statement.Fetch()) {
-    lx_api::Report(kMissing, kMethod);
+    Report(kMissing, kMethod);
     return false;
   }
   const std::int32_t rowId = ReadInt(statement, 1);
@@ -156,7 +156,7 @@ bool TableOperation::SetValue(CAttribute* attribute, CStandartSize* size, const 
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
   if (!operation.MoveValueFromAtrToTemplateStd(statement, attribute, size)) {
-    lx_api::Report(L"Проблема при перемещении значения из атрибута в типоразмеры", "TableOperation::SetValue");
+    Report(L"Проблема при перемещении значения из атрибута в типоразмеры", "TableOperation::SetValue");
     return false;
   }
   if (const auto* integer = std::get_if<std::int32_t>(&value)) {
@@ -182,7 +182,7 @@ bool TableOperation::RemoveValue(CAttribute* attribute, CStandartSize* size) {
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
   if (!operation.MoveValueFromAtrToTemplateStd(statement, attribute, size)) {
-    lx_api::Report(L"Проблема при перемещении значения из атрибута в типоразмеры", "TableOperation::RemoveValue");
+    Report(L"Проблема при перемещении значения из атрибута в типоразмеры", "TableOperation::RemoveValue");
     return false;
   }
   statement.Prepare("SELECT atr.ID FROM OBJECTATTRIBUTE atr WHERE atr.OBJECTID = ? and atr.NUMBER = ?");
@@ -202,7 +202,7 @@ bool TableOperation::RemoveValue(CAttribute* attribute, CStandartSize* size) {
 std::int32_t TableOperation::CreateNewTemplate(CFolderTable* table, const std::wstring& name) {
   CFolder* folder = FolderOf(table);
   if (folder->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров создание темплейтов невозможно", "TableOperation::CreateNewTemplate");
+    Report(L"Для виртуальных фолдеров создание темплейтов невозможно", "TableOperation::CreateNewTemplate");
     return 0;
   }
   TableOperation operation(folder->GetPacket()->GetProvider());
@@ -308,7 +308,7 @@ std::int32_t TableOperation::ObjectTypeId(IBPP::Statement& statement, const std:
 bool TableOperation::SetTemplateType(CTemplate* owner, const std::wstring& type) {
   CFolder* folder = FolderOf(owner->GetTable());
   if (folder->IsVirtual()) {
-    lx_api::Report(L"Для виртуальных фолдеров нелья задать тип", "TableOperation::SetTemplateType");
+    Report(L"Для виртуальных фолдеров нелья задать тип", "TableOperation::SetTemplateType");
     return false;
   }
   TableOperation operation(folder->GetPacket()->GetProvider());

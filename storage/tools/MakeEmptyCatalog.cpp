@@ -47,9 +47,9 @@ std::string FirstLine(const std::string& text) { return text.substr(0, text.find
 // The statement in code page 1251; a character outside it would be lost
 // silently, so it stops the build instead.
 std::string ToDatabaseText(const std::string& utf8) {
-  const std::wstring wide = platform::Utf8ToWide(utf8);
-  std::string narrow = platform::WideToCp1251(wide);
-  if (platform::Cp1251ToWide(narrow) != wide)
+  const std::wstring wide = Utf8ToWide(utf8);
+  std::string narrow = WideToCp1251(wide);
+  if (Cp1251ToWide(narrow) != wide)
     throw std::runtime_error("a character outside code page 1251 in: " + FirstLine(utf8));
   return narrow;
 }

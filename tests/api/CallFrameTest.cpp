@@ -14,10 +14,9 @@
 #include "LxDataAccess.h"
 #include "api/CallFrame.h"
 #include "api/LibraryState.h"
-#include "api/Report.h"
+#include "platform/Report.h"
 #include "storage/ibpp/Exception.h"
 
-using lx_api::CallFrame;
 using lxtest::Captured;
 using lxtest::FlushText;
 using lxtest::Writes;
@@ -30,9 +29,9 @@ const void* const kSomeHandle = &sentinel;
 TEST(CallFrame, TwoReportsBecomeOneWriteWithIndentation) {
   auto [result, writes] = Captured([] {
     return CallFrame("test_Two").Call([] {
-      lx_api::Report(L"первое", "CTest::_First");
-      lx_api::Report(L"второе", "CTest::_Second");
-      lx_api::Report(L"третье", "CTest::_Third");
+      Report(L"первое", "CTest::_First");
+      Report(L"второе", "CTest::_Second");
+      Report(L"третье", "CTest::_Third");
       return 5;
     });
   });
@@ -78,7 +77,7 @@ TEST(CallFrame, NullStringFailsSilentlyAfterTheHandles) {
 TEST(CallFrame, DatabaseExceptionGivesItsTextBehindTheFunctionName) {
   auto [result, writes] = Captured([] {
     return CallFrame("test_Database").Call([]() -> const wchar_t* {
-      lx_api::Report(L"до сбоя", "CTest::_Before");
+      Report(L"до сбоя", "CTest::_Before");
       throw IBPP::Exception("connection refused\nsecond line");
     });
   });
@@ -105,17 +104,17 @@ TEST(CallFrame, AnyOtherExceptionIsUnknownAndItsTextUnread) {
 }
 
 TEST(CallFrame, NextCallStartsWithAnEmptyList) {
-  Captured([] { return CallFrame("test_Fail").Call([] { lx_api::Report(L"old", "CTest::_Old"); return false; }); });
-  EXPECT_FALSE(lx_api::Pending().Empty()) << "the list keeps its content until the next call";
+  Captured([] { return CallFrame("test_Fail").Call([] { Report(L"old", "CTest::_Old"); return false; }); });
+  EXPECT_FALSE(Pending().Empty()) << "the list keeps its content until the next call";
   auto [result, writes] = Captured([] { return CallFrame("test_Quiet").Call([] { return true; }); });
   EXPECT_TRUE(result);
   EXPECT_TRUE(writes.empty());
-  EXPECT_TRUE(lx_api::Pending().Empty());
+  EXPECT_TRUE(Pending().Empty());
 }
 
 TEST(CallFrame, QuietSuccessAllocatesNothing) {
   // Fill the list once so that its capacity is there, as after any report.
-  Captured([] { return CallFrame("test_Warm").Call([] { lx_api::Report(L"warm", "CTest::_Warm"); return 0; }); });
+  Captured([] { return CallFrame("test_Warm").Call([] { Report(L"warm", "CTest::_Warm"); return 0; }); });
   const long before = lxtest::AllocationCount();
   const int result = CallFrame("test_Quiet").Handle(kSomeHandle, "h").Handle(kSomeHandle, "i").Call([] { return 7; });
   const long allocations = lxtest::AllocationCount() - before;
@@ -126,7 +125,7 @@ TEST(CallFrame, QuietSuccessAllocatesNothing) {
 TEST(CallFrame, NestedFramesOnOneThreadDoNotDeadlock) {
   auto [result, writes] = Captured([] {
     return CallFrame("test_Outer").Call([] {
-      lx_api::Report(L"outer", "CTest::_Outer");
+      Report(L"outer", "CTest::_Outer");
       return CallFrame("test_Inner").Call([] { return 3; });
     });
   });
@@ -155,11 +154,11 @@ TEST(CallFrame, ProgressRecordIsKeptWithoutTheFrameLock) {
   release.set_value();
   EXPECT_TRUE(holder.get());
   ASSERT_TRUE(returnedWhileLocked);
-  EXPECT_TRUE(lx_api::Progress().set);
-  EXPECT_EQ(lx_api::Progress().record.head[0], 0xAB);
-  EXPECT_EQ(lx_api::Progress().record.tail[7], 0xCD);
+  EXPECT_TRUE(Progress().set);
+  EXPECT_EQ(Progress().record.head[0], 0xAB);
+  EXPECT_EQ(Progress().record.tail[7], 0xCD);
   lxClearProgressControl();
-  EXPECT_FALSE(lx_api::Progress().set);
+  EXPECT_FALSE(Progress().set);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 // The text of a flush, built from the pending messages.
 #include <gtest/gtest.h>
 
-#include "api/PendingList.h"
+#include "platform/PendingList.h"
 
 namespace {
 
 TEST(PendingList, FlushTextIndentsEachFurtherMessage) {
-  lx_api::PendingList list;
+  PendingList list;
   list.Append(L"a");
   list.Append(L"b\nc");
   list.Append(L"");
@@ -14,7 +14,7 @@ TEST(PendingList, FlushTextIndentsEachFurtherMessage) {
 }
 
 TEST(PendingList, ClearForgetsMessagesButKeepsRoom) {
-  lx_api::PendingList list;
+  PendingList list;
   list.Append(L"one");
   list.Clear();
   EXPECT_TRUE(list.Empty());

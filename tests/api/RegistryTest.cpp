@@ -111,7 +111,7 @@ TEST_F(Registry, NullPoolArgumentsNameTheArgumentAndTheFunction) {
   auto [name, nameWrites] = Captured([] { return lxGetLibraryName(nullptr); });
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(nameWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект pool (fun: lx_api::lxGetLibraryName)"})});
+            Writes{FlushText({"Передан нулевой указатель на объект pool (fun: lxGetLibraryName)"})});
 
   // One message only: the body, which would report a missing pool, never ran.
   auto [deleted, deleteWrites] = Captured([] { return lxDeleteProviderPool(nullptr); });
@@ -123,14 +123,14 @@ TEST_F(Registry, NullPoolArgumentsNameTheArgumentAndTheFunction) {
 TEST_F(Registry, NullNameOrPathFailsInsteadOfCrashing) {
   auto [byName, nameWrites] = Captured([] { return lxGetLibraryProviderPool(nullptr); });
   EXPECT_EQ(byName, nullptr);
-  EXPECT_EQ(nameWrites, Writes{FlushText({" (fun: lx_api::lxGetLibraryProviderPool) Неизвестное исключение"})});
+  EXPECT_EQ(nameWrites, Writes{FlushText({" (fun: lxGetLibraryProviderPool) Неизвестное исключение"})});
   auto [byPath, pathWrites] = Captured([] { return lxGetLibraryProviderPoolForUlbPath(nullptr); });
   EXPECT_EQ(byPath, nullptr);
   EXPECT_EQ(pathWrites,
-            Writes{FlushText({" (fun: lx_api::lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение"})});
+            Writes{FlushText({" (fun: lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение"})});
   auto [added, addWrites] = Captured([] { return lxAddLibraryProviderPool(L"RegNullPath", nullptr); });
   EXPECT_EQ(added, nullptr);
-  EXPECT_EQ(addWrites, Writes{FlushText({" (fun: lx_api::lxAddLibraryProviderPool) Неизвестное исключение"})});
+  EXPECT_EQ(addWrites, Writes{FlushText({" (fun: lxAddLibraryProviderPool) Неизвестное исключение"})});
   EXPECT_EQ(lxGetLibraryProviderPool(L"RegNullPath"), nullptr);
 }
 

@@ -13,14 +13,14 @@ namespace {
 
 std::wstring Environment(const char* name, const wchar_t* fallback = L"") {
   const char* value = std::getenv(name);
-  return value == nullptr || *value == '\0' ? std::wstring(fallback) : platform::Utf8ToWide(value);
+  return value == nullptr || *value == '\0' ? std::wstring(fallback) : Utf8ToWide(value);
 }
 
 bool ThroughServer() { return !Environment("LX_TEST_SERVER").empty(); }
 
 }  // namespace
 
-std::filesystem::path Path(const std::wstring& path) { return platform::WideToUtf8(path); }
+std::filesystem::path Path(const std::wstring& path) { return WideToUtf8(path); }
 
 Connection Connection::FromEnvironment() {
   return Connection{Environment("LX_TEST_SERVER"), Environment("LX_TEST_USER", L"SYSDBA"),
@@ -40,7 +40,7 @@ CatalogFixture::~CatalogFixture() {
   lxDeleteProviderPool(pool_);
   if (ThroughServer()) {
     std::error_code ignored;
-    std::filesystem::remove(platform::WideToUtf8(database_), ignored);
+    std::filesystem::remove(WideToUtf8(database_), ignored);
   }
 }
 
@@ -48,10 +48,10 @@ std::wstring CatalogFixture::NewCatalogFile(const std::string& name) {
   static std::atomic<int> files{0};
   std::filesystem::path file = folder_.path() / name;
   if (ThroughServer()) {
-    file = std::filesystem::path(platform::WideToUtf8(Environment("LX_TEST_DB_DIR"))) /
+    file = std::filesystem::path(WideToUtf8(Environment("LX_TEST_DB_DIR"))) /
            (std::to_string(getpid()) + "-" + std::to_string(files++) + "-" + name);
   }
-  const std::wstring path = platform::Utf8ToWide(file.string());
+  const std::wstring path = Utf8ToWide(file.string());
   if (!lxCreateEmptyFDB(path.c_str())) ADD_FAILURE() << "lxCreateEmptyFDB failed for " << file;
   return path;
 }

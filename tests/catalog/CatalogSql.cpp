@@ -22,14 +22,14 @@ void CatalogSql::Execute(std::initializer_list<std::wstring> statements) {
   TestSqlOperation operation(&provider_);
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
-  for (const std::wstring& sql : statements) statement.Execute(platform::WideToCp1251(sql));
+  for (const std::wstring& sql : statements) statement.Execute(WideToCp1251(sql));
   guard.Commit();
 }
 
 std::int32_t CatalogSql::Int(const std::wstring& query) {
   TestSqlOperation operation(&provider_);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Execute(platform::WideToCp1251(query));
+  statement.Execute(WideToCp1251(query));
   std::int32_t value = 0;
   if (statement.Fetch()) statement.Get(1, value);
   return value;
@@ -38,7 +38,7 @@ std::int32_t CatalogSql::Int(const std::wstring& query) {
 std::vector<std::wstring> CatalogSql::Texts(const std::wstring& query) {
   TestSqlOperation operation(&provider_);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Execute(platform::WideToCp1251(query));
+  statement.Execute(WideToCp1251(query));
   std::vector<std::wstring> texts;
   while (statement.Fetch()) {
     std::wstring text;

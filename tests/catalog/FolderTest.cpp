@@ -181,7 +181,7 @@ TEST_F(Folders, NullHandlesAreNamedPerArgument) {
   auto [isVirtual, virtualWrites] = Captured([] { return folder_IsVirtual(nullptr); });
   EXPECT_FALSE(isVirtual);
   EXPECT_EQ(virtualWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект folder (fun: lx_api::folder_IsVirtual)"})});
+            Writes{FlushText({"Передан нулевой указатель на объект folder (fun: folder_IsVirtual)"})});
 }
 
 TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {

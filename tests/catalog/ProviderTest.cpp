@@ -33,7 +33,7 @@ TEST_F(Provider, IsEditableOnAWritableCatalogAndLeavesNoTrace) {
 }
 
 TEST_F(Provider, IsEditableIsASilentNoWhenTheCatalogIsGone) {
-  std::filesystem::remove(platform::WideToUtf8(database_));
+  std::filesystem::remove(WideToUtf8(database_));
   auto [editable, writes] = Captured([&] { return provider_IsEditable(provider_); });
   EXPECT_FALSE(editable);
   EXPECT_TRUE(writes.empty());

@@ -47,7 +47,7 @@ class Attributes : public lxtest::ContentFixture {
   // The field of the record of this number in every template of table_.
   Texts Records(std::int32_t number, const std::function<std::wstring(const TemplateAttribute&)>& field) {
     Texts values;
-    CFolderTable* table = lx_api::Obj(table_);
+    CFolderTable* table = Obj(table_);
     for (std::size_t i = 0; i < table->TemplateCount(); ++i) {
       const TemplateAttribute* record = table->Template(i)->FindRecord(number);
       values.push_back(record == nullptr ? L"<none>" : field(*record));

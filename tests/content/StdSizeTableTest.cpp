@@ -239,14 +239,14 @@ TEST_F(TableSizes, AFailedSizeRowLeavesTheCommittedTemplateAndColumn) {
   EXPECT_EQ(againWrites.size(), 1u);
   EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{identifier, identifier + L" (0)"}));
   EXPECT_EQ(Stored(folderId_, 11, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));
-  EXPECT_EQ(lx_api::Obj(table_)->TemplateCount(), 2u);
+  EXPECT_EQ(Obj(table_)->TemplateCount(), 2u);
   EXPECT_EQ(table_GetAttributeCount(table_), 1);
 
   ReloadAndWalk();
   EXPECT_FALSE(table_IsEmpty(table_));
   EXPECT_EQ(ColumnNames(table_), Texts{L"ID_specification"});
   EXPECT_EQ(table_GetStdSizeCount(table_), 0);
-  EXPECT_EQ(lx_api::Obj(table_)->TemplateCount(), 2u);
+  EXPECT_EQ(Obj(table_)->TemplateCount(), 2u);
 }
 
 TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
@@ -260,10 +260,10 @@ TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
   EXPECT_EQ(Stored(folderId_, 11, L"oa.ID"), Texts{});
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));
   EXPECT_EQ(StoredIdentifiers(), Texts{});
-  EXPECT_EQ(lx_api::Obj(table_)->TemplateCount(), 2u);
+  EXPECT_EQ(Obj(table_)->TemplateCount(), 2u);
   EXPECT_EQ(table_GetStdSizeCount(table_), 0);
   ReloadAndWalk();
-  EXPECT_EQ(lx_api::Obj(table_)->TemplateCount(), 2u);
+  EXPECT_EQ(Obj(table_)->TemplateCount(), 2u);
   EXPECT_EQ(ColumnNames(table_), Texts{L"ID_specification"});
   EXPECT_EQ(attribute_GetNumber(Column(L"ID_specification")), 21);
 }

@@ -137,8 +137,8 @@ TEST_F(TableColumns, AddTemplateIsNamedUniquelyInItsTable) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   // No export makes a second "_AddTemplate" in one table; the table's own
   // method shows the name it would get.
-  CFolderTable* table = lx_api::Obj(table_);
-  const auto made = lx_api::CallFrame("test").Call([&] { return table->CreateNewTemplate(L"_AddTemplate"); });
+  CFolderTable* table = Obj(table_);
+  const auto made = CallFrame("test").Call([&] { return table->CreateNewTemplate(L"_AddTemplate"); });
   ASSERT_NE(made, nullptr);
   EXPECT_EQ(made->GetName(), L"_AddTemplate (0)");
   EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
@@ -161,16 +161,16 @@ TEST_F(TableColumns, TakenNamesAreRefusedExactly) {
 TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   ASSERT_NE(table_AddAttribute(table_, L"Ширина", L"Ширина головки", 1), nullptr);
-  CFolderTable* table = lx_api::Obj(table_);
+  CFolderTable* table = Obj(table_);
   // The columns are walked in order; the first one that clashes in either way
   // decides the message.
   auto [number, numberWrites] = Captured([&] {
-    return lx_api::CallFrame("test").Call([&] { return table->_AddAttribute(L"Ширина", L"d", 1, 21); });
+    return CallFrame("test").Call([&] { return table->_AddAttribute(L"Ширина", L"d", 1, 21); });
   });
   EXPECT_EQ(number, nullptr);
   EXPECT_EQ(numberWrites, Writes{FlushText({"Атрибут с таким номером есть: 21 [CFolderTable::_AddAttribute]"})});
   auto [name, nameWrites] = Captured([&] {
-    return lx_api::CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); });
+    return CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); });
   });
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(nameWrites, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
@@ -312,7 +312,7 @@ TEST_F(DeletingColumns, RowsAndValuesOfTheNumberGoInThisFolderOnly) {
   EXPECT_EQ(ColumnNames(table_), Texts{L"Шаг"});
   for (const wchar_t* id : {L"Б1", L"Б2", L"Б3"}) {
     EXPECT_EQ(RecordNames(Size(id)), Texts{L"Шаг"}) << id;
-    EXPECT_EQ(lx_api::Obj(Size(id))->Values().count(21), 0u) << id;
+    EXPECT_EQ(Obj(Size(id))->Values().count(21), 0u) << id;
   }
   EXPECT_EQ(Shown(Size(L"Б3"), Column(L"Шаг")), L"i:7");
   EXPECT_EQ(Shown(Size(L"Б1"), Column(L"Шаг")), L"i:5");

@@ -85,9 +85,9 @@ class Templates : public lxtest::ContentFixture {
   // Splits the size off its template within a frame, as the exports that
   // need it will.
   std::pair<bool, Writes> SplitOff(LxStdSize* size) {
-    CFolderTable* table = lx_api::Obj(stdsize_GetTable(size));
+    CFolderTable* table = Obj(stdsize_GetTable(size));
     return Captured([&] {
-      return lx_api::CallFrame("test").Call([&] { return table->CreateTemplateFor(lx_api::Obj(size)); });
+      return CallFrame("test").Call([&] { return table->CreateTemplateFor(Obj(size)); });
     });
   }
 
@@ -118,9 +118,9 @@ TEST_F(Templates, ANewTemplateCopiesTheFirstTemplateWithoutModelValuesOrProjecti
   EXPECT_EQ(SpecificationsOf(501), Texts{L"основная|7|1|2"});
 
   // Memory: the first template's type and records, no model and no value.
-  const CTemplate* made = lx_api::Obj(size)->GetTemplate();
+  const CTemplate* made = Obj(size)->GetTemplate();
   EXPECT_EQ(made->GetModelId(), 0);
-  EXPECT_EQ(lx_api::Obj(Size(L"S1"))->GetTemplate()->GetModelId(), 300);
+  EXPECT_EQ(Obj(Size(L"S1"))->GetTemplate()->GetModelId(), 300);
   EXPECT_STREQ(stdsize_GetType(size), L"VENTBOX");
   EXPECT_EQ(RecordNames(size), (Texts{L"Длина", L"Марка", L"Подпись", L"ID_specification"}));
   EXPECT_EQ(Shown(size, Column(L"Длина")), L"-");
@@ -175,10 +175,10 @@ TEST_F(Templates, SplittingCopiesTheWholeTemplateAndMovesTheSize) {
   EXPECT_EQ(ProjectionsOf(501).size(), 2u);
 
   // Memory: the size reads what it read before, from its new template.
-  const CTemplate* owner = lx_api::Obj(s2)->GetTemplate();
+  const CTemplate* owner = Obj(s2)->GetTemplate();
   EXPECT_EQ(owner->GetName(), L"T (0)");
   EXPECT_EQ(owner->GetModelId(), 300);
-  EXPECT_EQ(owner->GetTable(), lx_api::Obj(table_));
+  EXPECT_EQ(owner->GetTable(), Obj(table_));
   EXPECT_STREQ(stdsize_GetType(s2), L"VENTBOX");
   EXPECT_EQ(Shown(s2, Column(L"Длина")), L"i:10");
   EXPECT_EQ(Shown(s2, Column(L"Марка")), L"s:Ст3");
@@ -200,7 +200,7 @@ TEST_F(Templates, FurtherSplitsCountTheNameOn) {
   ReloadAndWalk();
   ASSERT_TRUE(SplitOff(Size(L"S2")).first);
   ASSERT_TRUE(SplitOff(Size(L"S3")).first);
-  EXPECT_EQ(lx_api::Obj(Size(L"S3"))->GetTemplate()->GetName(), L"T (1)");
+  EXPECT_EQ(Obj(Size(L"S3"))->GetTemplate()->GetName(), L"T (1)");
   EXPECT_EQ(ObjectRow(stdsize_GetTemplateID(Size(L"S3"))), L"T (1)|300|2|5" + Tail());
   EXPECT_EQ(stdsize_GetTemplateID(Size(L"S1")), 501);
 }
@@ -211,10 +211,10 @@ TEST_F(Templates, ASizeAloneInItsTemplateNeedsNoSplit) {
   ASSERT_TRUE(SplitOff(Size(L"S2")).first);
   const std::int32_t id = stdsize_GetTemplateID(Size(L"S2"));
   const std::int32_t objects = Sql().Int(L"SELECT COUNT(*) FROM OBJECT");
-  CFolderTable* table = lx_api::Obj(table_);
-  CStandartSize* alone = lx_api::Obj(Size(L"S2"));
+  CFolderTable* table = Obj(table_);
+  CStandartSize* alone = Obj(Size(L"S2"));
   auto [split, writes] =
-      WithoutDatabase([&] { return lx_api::CallFrame("test").Call([&] { return table->CreateTemplateFor(alone); }); });
+      WithoutDatabase([&] { return CallFrame("test").Call([&] { return table->CreateTemplateFor(alone); }); });
   EXPECT_TRUE(split);
   EXPECT_TRUE(writes.empty());
   EXPECT_EQ(stdsize_GetTemplateID(Size(L"S2")), id);

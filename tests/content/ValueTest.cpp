@@ -123,7 +123,7 @@ TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
   EXPECT_EQ(std::wstring(first.payload.text, first.length), L"Ст3");
   EXPECT_EQ(first.payload.text[first.length], L'\0');
   EXPECT_EQ(first.payload.text, second.payload.text);
-  EXPECT_EQ(first.payload.text, std::get<std::wstring>(lx_api::Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
+  EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
 
   ValueView number{};
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Диаметр"), nullptr, &number));
@@ -212,7 +212,7 @@ TEST_F(Values, WritingOneSizeSpellsTheCommonValueOutForEverySize) {
                         L"oa.NUMBER = 21 AND oa.OBJECTID = 501 AND sz.IDENTIFIER <> 'S1'"),
             (Texts{common, common}));
   EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:12", L"i:10", L"i:10"}));
-  EXPECT_TRUE(std::holds_alternative<std::monostate>(lx_api::Obj(s1_)->GetTemplate()->FindRecord(21)->value));
+  EXPECT_TRUE(std::holds_alternative<std::monostate>(Obj(s1_)->GetTemplate()->FindRecord(21)->value));
   // Another write moves nothing more.
   ASSERT_TRUE(stdsize_SetValueI(s2_, Column(L"Длина"), 13));
   EXPECT_EQ(StoredSizeValues(folderId_, 21), (Texts{L"S1=12||", L"S2=13||", L"S3=10||"}));
@@ -282,7 +282,7 @@ TEST_F(Values, CalculatedColumnsRefuseWritesAndRemovals) {
             Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]"})});
   EXPECT_EQ(ValueRows(), rows);
   EXPECT_EQ(StoredSizeValues(folderId_, 27), Texts{L"S1=||своё"});
-  EXPECT_TRUE(lx_api::Obj(s1_)->Values().at(27) == Value(std::wstring(L"своё")));
+  EXPECT_TRUE(Obj(s1_)->Values().at(27) == Value(std::wstring(L"своё")));
 }
 
 TEST_F(Values, AFormulaThatDidNotParseReadsPlainButIsRefusedAsCalculated) {
@@ -328,7 +328,7 @@ TEST_F(Values, AWriteAfterTheTemplateLostItsRowChangesNothing) {
 TEST_F(Values, ASizeWhoseTemplateLacksTheColumnIsRefused) {
   // No export leaves a template without a column's record; take it out of
   // memory to reach the check.
-  lx_api::Obj(s1_)->GetTemplate()->EraseRecord(25);
+  Obj(s1_)->GetTemplate()->EraseRecord(25);
   auto [set, writes] = Captured([&] { return stdsize_SetValueD(s1_, Column(L"Шаг"), 1.0); });
   EXPECT_FALSE(set);
   EXPECT_EQ(writes, Writes{FlushText({"Не смогли найти атрибут у типоразмера [CFolderTable::_SetValue]"})});

@@ -1,8 +1,7 @@
 // FakeDataSource: an IFormulaDataSource over two fixed tables, recording
 // what a formula reads and writes so tests can check evaluation order,
 // short-circuiting and the format passed on.
-#ifndef LXDA_TESTS_FORMULA_FAKEDATASOURCE_H
-#define LXDA_TESTS_FORMULA_FAKEDATASOURCE_H
+#pragma once
 
 #include <map>
 #include <string>
@@ -58,5 +57,3 @@ class FakeDataSource : public IFormulaDataSource {
   std::vector<NumberFormat> formats_;
   std::vector<std::pair<int32_t, Value>> writes_;
 };
-
-#endif  // LXDA_TESTS_FORMULA_FAKEDATASOURCE_H

@@ -6,13 +6,10 @@
 //   arithmetic     (x + y)      condition     (x == y)
 //   function       R(x, y)      joined text   concat(x, y, z)
 //   no tree        null
-#ifndef LXDA_TESTS_FORMULA_FORMULAPRINTER_H
-#define LXDA_TESTS_FORMULA_FORMULAPRINTER_H
+#pragma once
 
 #include <string>
 
 class CFormula;
 
 std::wstring PrintFormula(const CFormula* formula);
-
-#endif  // LXDA_TESTS_FORMULA_FORMULAPRINTER_H

@@ -1,7 +1,6 @@
 // Helpers for stating expected Values in tests: the same kind, and the same
 // payload (doubles within a relative 1e-12, NaN equal to NaN).
-#ifndef LXDA_TESTS_FORMULA_VALUEASSERTIONS_H
-#define LXDA_TESTS_FORMULA_VALUEASSERTIONS_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -13,7 +12,7 @@
 #include "formula/Value.h"
 #include "platform/TextCodec.h"
 
-inline std::string Utf8(std::wstring_view text) { return platform::WideToUtf8(text); }
+inline std::string Utf8(std::wstring_view text) { return WideToUtf8(text); }
 
 inline std::string DescribeValue(const Value& value) {
   switch (value.index()) {
@@ -44,5 +43,3 @@ inline ::testing::AssertionResult SameValue(const Value& actual, const Value& ex
   if (same) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure() << "got " << DescribeValue(actual) << ", expected " << DescribeValue(expected);
 }
-
-#endif  // LXDA_TESTS_FORMULA_VALUEASSERTIONS_H

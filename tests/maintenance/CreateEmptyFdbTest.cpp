@@ -32,7 +32,7 @@ std::vector<unsigned char> Image() {
   return {image.begin(), image.end()};
 }
 
-std::wstring Wide(const std::filesystem::path& path) { return platform::Utf8ToWide(path.string()); }
+std::wstring Wide(const std::filesystem::path& path) { return Utf8ToWide(path.string()); }
 
 TEST(CreateEmptyFdb, WritesTheImageByteForByteMakingMissingFolders) {
   lxtest::TempDir folder;

@@ -11,7 +11,7 @@ namespace lxtest {
 
 EmbeddedCatalog::EmbeddedCatalog(const std::string& subfolder) {
   const std::filesystem::path file = (subfolder.empty() ? folder_.path() : folder_.path() / subfolder) / "catalog.fdb";
-  path_ = platform::Utf8ToWide(file.string());
+  path_ = Utf8ToWide(file.string());
   if (!lxCreateEmptyFDB(path_.c_str())) ADD_FAILURE() << "lxCreateEmptyFDB failed for " << file;
   sql_ = std::make_unique<CatalogSql>(L"", path_, L"SYSDBA", L"");
 }
@@ -20,7 +20,7 @@ EmbeddedCatalog::~EmbeddedCatalog() {
   if (pool_ != nullptr) lxDeleteProviderPool(pool_);
 }
 
-std::filesystem::path EmbeddedCatalog::File() const { return platform::WideToUtf8(path_); }
+std::filesystem::path EmbeddedCatalog::File() const { return WideToUtf8(path_); }
 
 LxDataProvider* EmbeddedCatalog::Provider() {
   if (provider_ != nullptr) return provider_;

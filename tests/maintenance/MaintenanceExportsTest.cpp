@@ -37,7 +37,7 @@ bool LibraryWasSilent(const Writes& writes) {
   return true;
 }
 
-std::wstring Wide(const std::filesystem::path& path) { return platform::Utf8ToWide(path.string()); }
+std::wstring Wide(const std::filesystem::path& path) { return Utf8ToWide(path.string()); }
 
 TEST(ReadOnlyExport, RoundTripSeenByTheWritabilityProbe) {
   EmbeddedCatalog catalog;

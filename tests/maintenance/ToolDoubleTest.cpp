@@ -59,7 +59,7 @@ class ToolDouble : public ::testing::Test {
     return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "RuvDbEditor.exe").string();
   }
 
-  std::wstring Path() const { return platform::Utf8ToWide(database_.string()); }
+  std::wstring Path() const { return Utf8ToWide(database_.string()); }
 
   static constexpr const char* kExitVariables[] = {"LX_FAKE_EDITOR_EXIT_UPDATE_ODS", "LX_FAKE_EDITOR_EXIT_UPDATE_SCHEMA",
                                                    "LX_FAKE_EDITOR_EXIT_UPDATE_ULB",
@@ -116,7 +116,7 @@ TEST_F(ToolDouble, EveryNonZeroExitCodeIsAQuietFailure) {
 }
 
 TEST_F(ToolDouble, AMissingFileStartsNoProcess) {
-  const std::wstring missing = platform::Utf8ToWide((folder_.path() / "missing.fdb").string());
+  const std::wstring missing = Utf8ToWide((folder_.path() / "missing.fdb").string());
   auto [updated, writes] = Captured([&] { return lxUpdateDatabase(missing.c_str()); });
   EXPECT_FALSE(updated);
   EXPECT_TRUE(writes.empty());

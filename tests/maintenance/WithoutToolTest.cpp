@@ -17,7 +17,7 @@ TEST(WithoutTool, TheToolExportsFailQuietlyOnAnExistingCatalog) {
   ASSERT_FALSE(std::filesystem::exists(std::filesystem::read_symlink("/proc/self/exe").parent_path() /
                                        "RuvDbEditor.exe"));
   lxtest::TempDir folder;
-  const std::wstring catalog = platform::Utf8ToWide((folder.path() / "catalog.fdb").string());
+  const std::wstring catalog = Utf8ToWide((folder.path() / "catalog.fdb").string());
   ASSERT_TRUE(lxCreateEmptyFDB(catalog.c_str()));
 
   auto [updated, updateWrites] = Captured([&] { return lxUpdateDatabase(catalog.c_str()); });

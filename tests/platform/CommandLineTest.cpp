@@ -3,7 +3,6 @@
 
 #include "platform/CommandLine.h"
 
-using platform::SplitCommandLine;
 using Args = std::vector<std::wstring>;
 
 namespace {

@@ -13,23 +13,23 @@
 namespace {
 
 TEST(ModulePaths, DirectoryIsCutAtTheLastSeparatorOfEitherKind) {
-  EXPECT_EQ(platform::DirectoryOf(L"/opt/app/lib.so"), L"/opt/app");
-  EXPECT_EQ(platform::DirectoryOf(LR"(C:\app\bin\x.dll)"), LR"(C:\app\bin)");
-  EXPECT_EQ(platform::DirectoryOf(LR"(/mixed\sep/file)"), LR"(/mixed\sep)");
-  EXPECT_EQ(platform::DirectoryOf(L"/file"), L"");
-  EXPECT_EQ(platform::DirectoryOf(L"file"), L"");
+  EXPECT_EQ(DirectoryOf(L"/opt/app/lib.so"), L"/opt/app");
+  EXPECT_EQ(DirectoryOf(LR"(C:\app\bin\x.dll)"), LR"(C:\app\bin)");
+  EXPECT_EQ(DirectoryOf(LR"(/mixed\sep/file)"), LR"(/mixed\sep)");
+  EXPECT_EQ(DirectoryOf(L"/file"), L"");
+  EXPECT_EQ(DirectoryOf(L"file"), L"");
 }
 
 TEST(ModulePaths, ExecutableIsThisProcess) {
   const std::filesystem::path self = std::filesystem::canonical("/proc/self/exe");
-  EXPECT_EQ(platform::ExecutableFilePath(), platform::Utf8ToWide(self.string()));
+  EXPECT_EQ(ExecutableFilePath(), Utf8ToWide(self.string()));
 }
 
 TEST(ModulePaths, LibraryFileContainsThisCode) {
   // The test links the library's objects into its own executable, so the
   // module that holds the code is the test program itself.
   const std::filesystem::path self = std::filesystem::canonical("/proc/self/exe");
-  EXPECT_EQ(std::filesystem::canonical(platform::WideToUtf8(platform::LibraryFilePath())), self);
+  EXPECT_EQ(std::filesystem::canonical(WideToUtf8(LibraryFilePath())), self);
 }
 
 // Sets or clears an environment variable for one scope.
@@ -51,15 +51,15 @@ class ScopedEnv {
 TEST(TempFolder, TmpThenTmpdirThenSlashTmp) {
   {
     ScopedEnv tmp("TMP", "/first"), tmpdir("TMPDIR", "/second");
-    EXPECT_EQ(platform::TempFolder(), L"/first");
+    EXPECT_EQ(TempFolder(), L"/first");
   }
   {
     ScopedEnv tmp("TMP", nullptr), tmpdir("TMPDIR", "/second");
-    EXPECT_EQ(platform::TempFolder(), L"/second");
+    EXPECT_EQ(TempFolder(), L"/second");
   }
   {
     ScopedEnv tmp("TMP", ""), tmpdir("TMPDIR", nullptr);
-    EXPECT_EQ(platform::TempFolder(), L"/tmp");
+    EXPECT_EQ(TempFolder(), L"/tmp");
   }
 }
 

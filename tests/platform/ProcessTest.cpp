@@ -6,8 +6,6 @@
 #include "TempDir.h"
 #include "platform/Process.h"
 
-using platform::RunAndWait;
-
 namespace {
 
 TEST(Process, ExitCodeComesBack) {

@@ -5,8 +5,6 @@
 
 #include "platform/TextCodec.h"
 
-using namespace platform;
-
 namespace {
 
 TEST(Cp1251, EveryAssignedByteRoundTrips) {

@@ -60,7 +60,7 @@ TEST(OperationScope, MovedFromScopeLeavesTheAttachmentToItsNewOwner) {
 
 TEST(OperationScope, ConstructionFailsWithTheClientLibrarysText) {
   TestCatalog catalog;
-  CDataProvider missing(catalog.Provider()->GetServerName(), platform::Utf8ToWide(catalog.File().string() + ".missing"),
+  CDataProvider missing(catalog.Provider()->GetServerName(), Utf8ToWide(catalog.File().string() + ".missing"),
                         catalog.Provider()->GetUserName(), catalog.Provider()->GetPassword());
   try {
     StorageTestOperation scope(&missing);
@@ -80,7 +80,7 @@ TEST(OperationScope, PathWithCyrillicLettersAttaches) {
   if (TestCatalog::ThroughServer())
     std::filesystem::permissions(file, std::filesystem::perms::group_read | std::filesystem::perms::group_write,
                                  std::filesystem::perm_options::add);
-  CDataProvider cyrillic(catalog.Provider()->GetServerName(), platform::Utf8ToWide(file.string()),
+  CDataProvider cyrillic(catalog.Provider()->GetServerName(), Utf8ToWide(file.string()),
                          catalog.Provider()->GetUserName(), catalog.Provider()->GetPassword());
   EXPECT_EQ(StorageTestOperation(&cyrillic).CountFolders(), 0);
   std::filesystem::remove_all(folder);

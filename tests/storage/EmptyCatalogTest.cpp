@@ -294,7 +294,7 @@ TEST(EmptyCatalogSchema, FolderBoundsNest) {
 TEST(EmptyCatalogSchema, StandardProjectionsCannotChange) {
   TestCatalog catalog;
   CatalogContentOperation content(catalog.Provider());
-  const std::string refusal = platform::WideToCp1251(L"Изменить стандартную проекцию невозможно");
+  const std::string refusal = WideToCp1251(L"Изменить стандартную проекцию невозможно");
   for (std::int32_t id = 1; id <= 6; ++id) {
     EXPECT_THAT([&] { content.RenameProjection(id, L"другая"); },
                 ThrowsMessage<IBPP::Exception>(HasSubstr("UNABLE_CHANGE_STD_PROJECTION")));
@@ -311,8 +311,8 @@ TEST(EmptyCatalogSchema, ExceptionsAreDeclared) {
   const auto exceptions = SchemaInspectionOperation(catalog.Provider()).Exceptions();
   ASSERT_EQ(exceptions.size(), 3u);
   EXPECT_EQ(exceptions.at("FOLDER_NOT_FOUND"), "Folder not found");
-  EXPECT_EQ(platform::Cp1251ToWide(exceptions.at("UNABLE_CHANGE_PROJECTION_VIEW")), L"Изменить вид проекции невозможно");
-  EXPECT_EQ(platform::Cp1251ToWide(exceptions.at("UNABLE_CHANGE_STD_PROJECTION")),
+  EXPECT_EQ(Cp1251ToWide(exceptions.at("UNABLE_CHANGE_PROJECTION_VIEW")), L"Изменить вид проекции невозможно");
+  EXPECT_EQ(Cp1251ToWide(exceptions.at("UNABLE_CHANGE_STD_PROJECTION")),
             L"Изменить стандартную проекцию невозможно");
 }
 

@@ -22,9 +22,9 @@ using ::testing::StartsWith;
 class IbppTest : public ::testing::Test {
  protected:
   IbppTest()
-      : database_(platform::WideToUtf8(catalog_.Provider()->GetServerName()), catalog_.File().string(),
-                  platform::WideToUtf8(catalog_.Provider()->GetUserName()),
-                  platform::WideToUtf8(catalog_.Provider()->GetPassword()), "", "", ""),
+      : database_(WideToUtf8(catalog_.Provider()->GetServerName()), catalog_.File().string(),
+                  WideToUtf8(catalog_.Provider()->GetUserName()),
+                  WideToUtf8(catalog_.Provider()->GetPassword()), "", "", ""),
         transaction_(database_) {
     database_.Connect();
     transaction_.Start();

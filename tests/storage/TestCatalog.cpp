@@ -45,7 +45,7 @@ bool TestCatalog::ThroughServer() { return !Environment("LX_TEST_SERVER").empty(
 
 TestCatalog::TestCatalog() : file_(NewCatalogPath(folder_)) {
   WriteImage(file_);
-  provider_ = ProviderWithPassword(platform::Utf8ToWide(Environment("LX_TEST_PASSWORD")));
+  provider_ = ProviderWithPassword(Utf8ToWide(Environment("LX_TEST_PASSWORD")));
 }
 
 TestCatalog::~TestCatalog() {
@@ -58,9 +58,9 @@ TestCatalog::~TestCatalog() {
 
 std::unique_ptr<CDataProvider> TestCatalog::ProviderWithPassword(const std::wstring& password) const {
   const std::string user = Environment("LX_TEST_USER");
-  return std::make_unique<CDataProvider>(platform::Utf8ToWide(Environment("LX_TEST_SERVER")),
-                                         platform::Utf8ToWide(file_.string()),
-                                         user.empty() ? L"SYSDBA" : platform::Utf8ToWide(user), password);
+  return std::make_unique<CDataProvider>(Utf8ToWide(Environment("LX_TEST_SERVER")),
+                                         Utf8ToWide(file_.string()),
+                                         user.empty() ? L"SYSDBA" : Utf8ToWide(user), password);
 }
 
 }  // namespace lxtest

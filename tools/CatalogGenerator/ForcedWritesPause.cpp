@@ -47,12 +47,12 @@ class Utf8LocaleForThisCall {
 class RawAttachment {
  public:
   RawAttachment(const CDataProvider& provider, std::optional<bool> forceWrite) {
-    const std::string server = platform::WideToUtf8(provider.GetServerName());
-    const std::string path = platform::WideToUtf8(provider.GetDatabaseName());
+    const std::string server = WideToUtf8(provider.GetServerName());
+    const std::string path = WideToUtf8(provider.GetDatabaseName());
     const std::string target = server.empty() ? path : server + ":" + path;
     std::vector<char> dpb{isc_dpb_version1, isc_dpb_utf8_filename, 0};
-    AddText(dpb, isc_dpb_user_name, platform::WideToUtf8(provider.GetUserName()));
-    AddText(dpb, isc_dpb_password, platform::WideToUtf8(provider.GetPassword()));
+    AddText(dpb, isc_dpb_user_name, WideToUtf8(provider.GetUserName()));
+    AddText(dpb, isc_dpb_password, WideToUtf8(provider.GetPassword()));
     if (forceWrite) {
       dpb.insert(dpb.end(), {isc_dpb_force_write, 1, static_cast<char>(*forceWrite ? 1 : 0)});
     }

@@ -46,8 +46,8 @@ int Run(const LxgenArguments& arguments) {
   CreateIfMissing(arguments);
   const Clock::time_point start = Clock::now();
   const CatalogCounts written =
-      generator.Generate(platform::Utf8ToWide(arguments.server), platform::Utf8ToWide(arguments.catalog),
-                         platform::Utf8ToWide(arguments.user), platform::Utf8ToWide(arguments.password),
+      generator.Generate(Utf8ToWide(arguments.server), Utf8ToWide(arguments.catalog),
+                         Utf8ToWide(arguments.user), Utf8ToWide(arguments.password),
                          Progress(arguments.quiet, start));
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
   const long long rows = written.packets + written.folders + written.templates + written.sizes +

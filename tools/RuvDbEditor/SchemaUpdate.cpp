@@ -11,7 +11,7 @@
 std::size_t SchemaUpdate::Run(const std::string& databasePath) {
   // The tool's operations reach their database through a provider's
   // connection strings, as the library's do: embedded, as the owner.
-  CDataProvider database(L"", platform::Utf8ToWide(databasePath), L"SYSDBA", L"");
+  CDataProvider database(L"", Utf8ToWide(databasePath), L"SYSDBA", L"");
   const SchemaPlan plan = SchemaPlan::Make(SchemaScript::Statements(), SchemaInventoryOperation::Read(&database));
   if (!plan.Changes().empty()) {
     SchemaChangeOperation::ReserveConstraintNames(&database, plan.ConstraintNamesToReserve());

@@ -1,7 +1,9 @@
-// Case-blind comparison of names, for the only two alphabets the catalog's
-// users write in: Latin a-z and Russian а-я with ё fold to upper case; every
-// other character compares as it is. Deliberately not locale-driven, so that a
-// name means the same on every machine.
+// The library's one case fold, for the only two alphabets the catalog's users
+// write in: Latin a-z and Russian а-я with ё fold to upper case; every other
+// character stays as it is. Attribute names, wildcard patterns, database paths
+// and the registry's library paths all compare through it. Deliberately not
+// locale-driven, so that a name means the same on every machine and in every
+// host process, whatever locale the host has set.
 #pragma once
 
 #include <string_view>

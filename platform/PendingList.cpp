@@ -1,8 +1,11 @@
-#include "api/PendingList.h"
+#include "platform/PendingList.h"
 
 #include "platform/DebugChannel.h"
 
-namespace lx_api {
+PendingList& Pending() {
+  static PendingList list;
+  return list;
+}
 
 std::wstring PendingList::DebugText() const {
   std::wstring text = L">LxDataAcces: ";
@@ -19,11 +22,10 @@ std::wstring PendingList::DebugText() const {
 void PendingList::Flush() const noexcept {
   if (messages_.empty()) return;
   try {
-    platform::WriteDebugText(DebugText());
+    WriteDebugText(DebugText());
   } catch (...) {
     // Out of memory while building the text: the messages are lost, the
     // call's result is not.
   }
 }
 
-}  // namespace lx_api

@@ -6,12 +6,9 @@
 #include <cstdint>
 #include <string_view>
 
-namespace lx_api {
-
 // `method` is the narrow "Class::_Method" name, plain ASCII.
 void Report(std::wstring_view text, const char* method);
 
 // "Индекс <index> выходит за пределы диапазона [0, <count>)".
 void ReportIndexOutOfRange(std::int64_t index, std::int64_t count, const char* method);
 
-}  // namespace lx_api

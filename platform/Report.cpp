@@ -1,11 +1,9 @@
-#include "api/Report.h"
+#include "platform/Report.h"
 
 #include <locale>
 #include <sstream>
 
-#include "api/LibraryState.h"
-
-namespace lx_api {
+#include "platform/PendingList.h"
 
 void Report(std::wstring_view text, const char* method) {
   std::wostringstream message;
@@ -21,4 +19,3 @@ void ReportIndexOutOfRange(std::int64_t index, std::int64_t count, const char* m
   Report(text.str(), method);
 }
 
-}  // namespace lx_api

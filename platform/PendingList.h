@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-namespace lx_api {
-
 class PendingList {
  public:
   // Destroys the messages but keeps the capacity, so a call that reports
@@ -30,4 +28,8 @@ class PendingList {
   std::vector<std::wstring> messages_;
 };
 
-}  // namespace lx_api
+// The one list of the process. Built on first use; the library state touches
+// it while it is being built itself, so the list outlives the pools, whose
+// destruction may still report.
+PendingList& Pending();
+
