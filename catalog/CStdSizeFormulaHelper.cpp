@@ -1,4 +1,4 @@
-#include "formula/CStdSizeFormulaHelper.h"
+#include "catalog/CStdSizeFormulaHelper.h"
 
 #include <stdexcept>
 
