@@ -47,6 +47,8 @@ class DataLoad {
     std::unordered_map<std::int32_t, CStandartSize*> byId;
   };
 
+  // The two per-key steps keep the names by which the load's steps are known
+  // outside the code, lower camel case and all.
   static bool chunkLoadTemplateAttributes(CDataProvider* provider, IBPP::Statement& packetStatement,
                                           std::int32_t packetId, const Templates& templates);
   static bool chunkLoadStdSizeAttributes(CDataProvider* provider, IBPP::Statement& packetStatement,
