@@ -14,6 +14,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Concurrency.h"
 #include "storage/BaseOperation.h"
 
 class CDataProvider;
@@ -23,11 +24,7 @@ class CTemplate;
 class DataLoad {
  public:
   // Positions [first, last) in the element order of one key table.
-  struct Chunk {
-    std::size_t first = 0;
-    std::size_t last = 0;
-    bool operator==(const Chunk&) const = default;
-  };
+  using Chunk = ::Chunk;
 
   // From this many keys on, a step reads per key, in chunks.
   static constexpr std::size_t kChunkedFrom = 1001;
