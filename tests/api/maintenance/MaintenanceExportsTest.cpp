@@ -12,21 +12,14 @@
 #include "DebugOutput.h"
 #include "EmbeddedCatalog.h"
 #include "LxDataAccess.h"
-#include "SchemaFingerprintOperation.h"
 #include "TempDir.h"
 #include "platform/TextCodec.h"
-#include "storage/CDataProvider.h"
 
 namespace {
 
 using lxtest::Captured;
 using lxtest::EmbeddedCatalog;
 using lxtest::Writes;
-
-std::vector<std::string> Fingerprint(const EmbeddedCatalog& catalog) {
-  CDataProvider connection(L"", catalog.Path(), L"SYSDBA", L"");
-  return SchemaFingerprintOperation::Of(&connection);
-}
 
 // The tool's own reason may reach the captured standard error; the library
 // itself must have written nothing.
@@ -67,17 +60,17 @@ TEST(ReadOnlyExport, FailsQuietlyOnAFileThatIsNoDatabase) {
 
 TEST(UpdateDatabaseExport, AnUpToDateCatalogStaysAsItIsRunAfterRun) {
   EmbeddedCatalog catalog;
-  const std::vector<std::string> schema = Fingerprint(catalog);
+  const std::vector<std::string> schema = catalog.Sql().Schema();
   auto [updated, writes] = Captured([&] { return lxUpdateDatabase(catalog.Path().c_str()); });
   EXPECT_TRUE(updated);
   EXPECT_TRUE(writes.empty());
   EXPECT_TRUE(lxUpdateDatabase(catalog.Path().c_str()));
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
 }
 
 TEST(UpdateDatabaseExport, BringsBackWhatAnOlderCatalogLacks) {
   EmbeddedCatalog reference;
-  const std::vector<std::string> schema = Fingerprint(reference);
+  const std::vector<std::string> schema = reference.Sql().Schema();
   EmbeddedCatalog catalog;
   for (const wchar_t* statement : {L"ALTER TABLE MODEL DROP ORIENTATION", L"ALTER TABLE OBJECT DROP CONSTRAINT INTEG_81",
                                    L"ALTER TABLE OBJECTATTRIBUTE DROP CONSTRAINT INTEG_82",
@@ -90,7 +83,7 @@ TEST(UpdateDatabaseExport, BringsBackWhatAnOlderCatalogLacks) {
   ASSERT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM RDB$RELATIONS WHERE RDB$RELATION_NAME = 'TEMPLATE'"), 0);
 
   EXPECT_TRUE(lxUpdateDatabase(catalog.Path().c_str()));
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM RDB$RELATION_FIELDS "
                               L"WHERE RDB$RELATION_NAME = 'MODEL' AND RDB$FIELD_NAME = 'ORIENTATION'"),
             1);

@@ -12,10 +12,8 @@
 
 #include "ChildProcess.h"
 #include "EmbeddedCatalog.h"
-#include "SchemaFingerprintOperation.h"
 #include "TempDir.h"
 #include "platform/TextCodec.h"
-#include "storage/CDataProvider.h"
 #include "storage/ibpp/IBPP.h"
 
 namespace {
@@ -54,11 +52,6 @@ std::vector<std::string> FolderContents(const std::filesystem::path& folder) {
   for (const auto& entry : std::filesystem::directory_iterator(folder)) names.push_back(entry.path().filename().string());
   std::sort(names.begin(), names.end());
   return names;
-}
-
-std::vector<std::string> Fingerprint(const EmbeddedCatalog& catalog) {
-  CDataProvider connection(L"", catalog.Path(), L"SYSDBA", L"");
-  return SchemaFingerprintOperation::Of(&connection);
 }
 
 void ExpectSuccess(const ChildResult& run) {
@@ -122,13 +115,13 @@ TEST(ToolRebuild, WritesANewFileWithTheSameContentModeAndState) {
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Воздуховоды')");
   std::filesystem::permissions(catalog.File(), std::filesystem::perms(0640));
   const ino_t before = Inode(catalog.File());
-  const std::vector<std::string> schema = Fingerprint(catalog);
+  const std::vector<std::string> schema = catalog.Sql().Schema();
 
   ExpectSuccess(Tool({"--rebuild", Backslashed(catalog.File())}));
   EXPECT_NE(Inode(catalog.File()), before);
   EXPECT_EQ(std::filesystem::status(catalog.File()).permissions(), std::filesystem::perms(0640));
   EXPECT_EQ(catalog.Sql().Texts(L"SELECT NAME FROM FOLDER"), std::vector<std::wstring>{L"Воздуховоды"});
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_PROJECTION_ID, 0) FROM RDB$DATABASE"), 6);
   EXPECT_EQ(FolderContents(catalog.Folder()), std::vector<std::string>{"catalog.fdb"});
 }
@@ -232,24 +225,24 @@ void MakeOlder(EmbeddedCatalog& catalog) {
 
 TEST(ToolSchemaUpdate, AnUpToDateCatalogIsNotChanged) {
   EmbeddedCatalog catalog;
-  const std::vector<std::string> schema = Fingerprint(catalog);
+  const std::vector<std::string> schema = catalog.Sql().Schema();
   const std::int32_t nameCounter = catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE");
   ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE"), nameCounter);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM PROJECTION"), 6);
 }
 
 TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   EmbeddedCatalog reference;
-  const std::vector<std::string> schema = Fingerprint(reference);
+  const std::vector<std::string> schema = reference.Sql().Schema();
   EmbeddedCatalog catalog;
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Старый каталог')");
   MakeOlder(catalog);
-  ASSERT_NE(Fingerprint(catalog), schema);
+  ASSERT_NE(catalog.Sql().Schema(), schema);
 
   ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Texts(L"SELECT NAME FROM FOLDER"), std::vector<std::wstring>{L"Старый каталог"});
   EXPECT_EQ(catalog.Sql().Texts(L"SELECT PARAMETER_NAME || '=' || PARAMETER_VALUE FROM INFO"),
             std::vector<std::wstring>{L"version=11"});
@@ -264,7 +257,7 @@ TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   // A second run finds nothing to do.
   const std::int32_t nameCounter = catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE");
   ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
-  EXPECT_EQ(Fingerprint(catalog), schema);
+  EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE"), nameCounter);
 }
 
@@ -274,14 +267,14 @@ TEST(ToolSchemaUpdate, OneFailingChangeLeavesTheCatalogAsItWas) {
   catalog.Sql().Execute(L"ALTER TABLE PROJECTION DROP CONSTRAINT UNQ_PROJECTION_1");
   catalog.Sql().Execute({L"INSERT INTO PROJECTION (ID, NAME) VALUES (7, 'дважды')",
                          L"INSERT INTO PROJECTION (ID, NAME) VALUES (8, 'дважды')"});
-  const std::vector<std::string> before = Fingerprint(catalog);
+  const std::vector<std::string> before = catalog.Sql().Schema();
 
   // MODEL comes before PROJECTION in the script: its column is added first,
   // then the unique key fails on the duplicate names.
   const ChildResult run = Tool({"--update-schema", Backslashed(catalog.File())});
   ExpectOneLineFailure(run);
   EXPECT_NE(run.err.find("UNQ_PROJECTION_1"), std::string::npos) << run.err;
-  EXPECT_EQ(Fingerprint(catalog), before);
+  EXPECT_EQ(catalog.Sql().Schema(), before);
 }
 
 TEST(ToolSchemaUpdate, EmptyTablesGetTheirFirstRowsAndGeneratorsOnlyRise) {
