@@ -4,7 +4,6 @@
 // Each behaviour test works in one scope that is never committed.
 #include "CatalogSql.h"
 #include "ChildProcess.h"
-#include "EmbeddedCatalog.h"
 #include "TestCatalog.h"
 
 #include "platform/TextCodec.h"

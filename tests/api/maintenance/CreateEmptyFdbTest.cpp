@@ -4,14 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <vector>
 
+#include "ChildProcess.h"
 #include "DebugOutput.h"
-#include "EmbeddedCatalog.h"
 #include "LxDataAccess.h"
 #include "TempDir.h"
+#include "TestCatalog.h"
 #include "platform/TextCodec.h"
 #include "storage/EmptyCatalogImage.h"
 #include "storage/ibpp/IBPP.h"
@@ -20,39 +18,28 @@ namespace {
 
 using lxtest::Captured;
 using lxtest::FlushText;
+using lxtest::ReadWhole;
 using lxtest::Writes;
 
-std::vector<unsigned char> Bytes(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-std::vector<unsigned char> Image() {
+std::string Image() {
   const auto image = EmptyCatalogImage();
   return {image.begin(), image.end()};
 }
 
 std::wstring Wide(const std::filesystem::path& path) { return Utf8ToWide(path.string()); }
 
-TEST(CreateEmptyFdb, WritesTheImageByteForByteMakingMissingFolders) {
+TEST(CreateEmptyFdb, WritesTheImageByteForByteMakingMissingFoldersAndReplacingAnyFile) {
   lxtest::TempDir folder;
   const std::filesystem::path file = folder.path() / "one" / "два" / "three" / "catalog.fdb";
   auto [created, writes] = Captured([&] { return lxCreateEmptyFDB(Wide(file).c_str()); });
   EXPECT_TRUE(created);
   EXPECT_TRUE(writes.empty());
   ASSERT_FALSE(Image().empty());
-  EXPECT_EQ(Bytes(file), Image());
-}
+  EXPECT_EQ(ReadWhole(file), Image());
 
-TEST(CreateEmptyFdb, ReplacesAnExistingLargerFileEntirely) {
-  lxtest::TempDir folder;
-  const std::filesystem::path file = folder.path() / "catalog.fdb";
-  {
-    std::ofstream old(file, std::ios::binary);
-    old << std::string(Image().size() + 12345, 'x');
-  }
+  lxtest::WriteWhole(file, std::string(Image().size() + 12345, 'x'));
   EXPECT_TRUE(lxCreateEmptyFDB(Wide(file).c_str()));
-  EXPECT_EQ(Bytes(file), Image());
+  EXPECT_EQ(ReadWhole(file), Image());
 }
 
 TEST(CreateEmptyFdb, NullPathIsAQuietFailure) {
@@ -66,7 +53,6 @@ TEST(CreateEmptyFdb, NullPathIsAQuietFailure) {
 TEST(CreateEmptyFdb, RefusesADatabaseThatAnAttachmentHoldsAndLeavesItWhole) {
   lxtest::EmbeddedCatalog catalog;
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Остаётся')");
-  const std::vector<unsigned char> before = Bytes(catalog.File());
   {
     IBPP::Database holder("", catalog.File().string(), "SYSDBA", "", "", "", "");
     holder.Connect();
@@ -78,29 +64,23 @@ TEST(CreateEmptyFdb, RefusesADatabaseThatAnAttachmentHoldsAndLeavesItWhole) {
   EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM FOLDER WHERE NAME = 'Остаётся'"), 1);
   // Once nobody holds it, the same call replaces it.
   EXPECT_TRUE(lxCreateEmptyFDB(catalog.Path().c_str()));
-  EXPECT_EQ(Bytes(catalog.File()), Image());
-  EXPECT_NE(before, Image());
+  EXPECT_EQ(ReadWhole(catalog.File()), Image());
 }
 
-TEST(CreateEmptyFdb, AFolderThatCannotBeMadeIsTheFramesFileSystemFailure) {
+// A file where a folder should be: below it no folder can be made, which is
+// the frame's file system failure; in it (the parent is there, only it is no
+// folder) nothing needs making and the file cannot be opened, which is the
+// quiet failure, as is a path that names a folder.
+TEST(CreateEmptyFdb, PathsThatCannotBeWrittenFail) {
   lxtest::TempDir folder;
   const std::filesystem::path blocker = folder.path() / "not-a-folder";
-  std::ofstream(blocker) << "a file where a folder should be";
-  const std::wstring path = Wide(blocker / "below" / "catalog.fdb");
-  auto [created, writes] = Captured([&] { return lxCreateEmptyFDB(path.c_str()); });
-  EXPECT_FALSE(created);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: lxCreateEmptyFDB) Неизвестное исключение"})});
-}
-
-// The parent is there, only it is no folder: nothing to create, and the
-// file cannot be opened, which is the quiet failure.
-TEST(CreateEmptyFdb, AFileThatCannotBeOpenedIsAQuietFailure) {
-  lxtest::TempDir folder;
-  const std::filesystem::path blocker = folder.path() / "not-a-folder";
-  std::ofstream(blocker) << "a file where a folder should be";
-  auto [created, writes] = Captured([&] { return lxCreateEmptyFDB(Wide(blocker / "catalog.fdb").c_str()); });
-  EXPECT_FALSE(created);
-  EXPECT_TRUE(writes.empty());
+  lxtest::WriteWhole(blocker, "a file where a folder should be");
+  auto [below, belowWrites] = Captured([&] { return lxCreateEmptyFDB(Wide(blocker / "below" / "catalog.fdb").c_str()); });
+  EXPECT_FALSE(below);
+  EXPECT_EQ(belowWrites, Writes{FlushText({" (fun: lxCreateEmptyFDB) Неизвестное исключение"})});
+  auto [in, inWrites] = Captured([&] { return lxCreateEmptyFDB(Wide(blocker / "catalog.fdb").c_str()); });
+  EXPECT_FALSE(in);
+  EXPECT_TRUE(inWrites.empty());
   auto [onFolder, folderWrites] = Captured([&] { return lxCreateEmptyFDB(Wide(folder.path()).c_str()); });
   EXPECT_FALSE(onFolder);
   EXPECT_TRUE(folderWrites.empty());
@@ -108,7 +88,7 @@ TEST(CreateEmptyFdb, AFileThatCannotBeOpenedIsAQuietFailure) {
 
 TEST(CreateEmptyFdb, TheWrittenCatalogOpensThroughTheLibrary) {
   lxtest::EmbeddedCatalog catalog;
-  LxDataProvider* provider = catalog.Provider();
+  LxDataProvider* provider = catalog.Attached();
   ASSERT_NE(provider, nullptr);
   EXPECT_STREQ(provider_GetParam(provider, L"VERSION", L""), L"1");
   EXPECT_TRUE(provider_IsEditable(provider));

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -18,14 +17,9 @@
 
 namespace {
 
+using lxtest::Backslashed;
 using lxtest::Captured;
 using Received = std::vector<std::vector<std::string>>;
-
-std::string Backslashed(const std::filesystem::path& path) {
-  std::string text = path.string();
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
-}
 
 class ToolDouble : public ::testing::Test {
  protected:
@@ -55,9 +49,7 @@ class ToolDouble : public ::testing::Test {
     return runs;
   }
 
-  static std::string Tool() {
-    return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "RuvDbEditor.exe").string();
-  }
+  static std::string Tool() { return lxtest::BesideThisProgram("RuvDbEditor.exe"); }
 
   std::wstring Path() const { return Utf8ToWide(database_.string()); }
 

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "ChildProcess.h"
 #include "DebugOutput.h"
 #include "LxDataAccess.h"
 #include "TempDir.h"
@@ -14,8 +15,7 @@ namespace {
 using lxtest::Captured;
 
 TEST(WithoutTool, TheToolExportsFailQuietlyOnAnExistingCatalog) {
-  ASSERT_FALSE(std::filesystem::exists(std::filesystem::read_symlink("/proc/self/exe").parent_path() /
-                                       "RuvDbEditor.exe"));
+  ASSERT_FALSE(std::filesystem::exists(lxtest::BesideThisProgram("RuvDbEditor.exe")));
   lxtest::TempDir folder;
   const std::wstring catalog = Utf8ToWide((folder.path() / "catalog.fdb").string());
   ASSERT_TRUE(lxCreateEmptyFDB(catalog.c_str()));

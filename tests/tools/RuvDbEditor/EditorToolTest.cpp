@@ -7,11 +7,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "ChildProcess.h"
-#include "EmbeddedCatalog.h"
+#include "TestCatalog.h"
 #include "TempDir.h"
 #include "platform/TextCodec.h"
 #include "storage/ibpp/IBPP.h"
@@ -20,25 +18,12 @@ namespace {
 
 using lxtest::ChildResult;
 using lxtest::EmbeddedCatalog;
+using lxtest::Backslashed;
 using lxtest::Lines;
 using lxtest::RunChild;
 
-std::string ToolPath() {
-  return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "RuvDbEditor.exe").string();
-}
-
-ChildResult Tool(const std::vector<std::string>& arguments) { return RunChild(ToolPath(), arguments); }
-
-// How the library writes a path into the command line.
-std::string Backslashed(const std::filesystem::path& path) {
-  std::string text = path.string();
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
-}
-
-std::string Contents(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+ChildResult Tool(const std::vector<std::string>& arguments) {
+  return RunChild(lxtest::BesideThisProgram("RuvDbEditor.exe"), arguments);
 }
 
 ino_t Inode(const std::filesystem::path& file) {
@@ -67,8 +52,6 @@ void ExpectOneLineFailure(const ChildResult& run, int exitCode = 1) {
   EXPECT_EQ(run.out, "");
 }
 
-void WriteFile(const std::filesystem::path& file, const std::string& text) { std::ofstream(file, std::ios::binary) << text; }
-
 // ---- command lines
 
 class ToolCommandLine : public ::testing::TestWithParam<std::vector<std::string>> {};
@@ -89,16 +72,31 @@ INSTANTIATE_TEST_SUITE_P(
                       std::vector<std::string>{"--update-ulb", "m.ulb", "true"},
                       std::vector<std::string>{"update-ods", "a.fdb"}));
 
+// A file that is no database fails every command that opens one and is
+// left as it was.
+TEST(ToolOnAFileThatIsNoDatabase, EveryCommandFailsAndLeavesItAlone) {
+  lxtest::TempDir folder;
+  const std::filesystem::path file = folder.path() / "catalog.fdb";
+  lxtest::WriteWhole(file, std::string(40000, 'z'));
+  for (const char* command : {"--rebuild", "--update-ods", "--update-schema"}) {
+    ExpectOneLineFailure(Tool({command, Backslashed(file)}));
+  }
+  ExpectOneLineFailure(Tool({"--set-database-readonly", Backslashed(file), "true"}));
+  ExpectOneLineFailure(Tool({"--set-database-readonly", Backslashed(folder.path() / "missing.fdb"), "false"}));
+  EXPECT_EQ(lxtest::ReadWhole(file), std::string(40000, 'z'));
+  EXPECT_EQ(FolderContents(folder.path()), std::vector<std::string>{"catalog.fdb"});
+}
+
 // ---- --update-ulb
 
 TEST(ToolModuleCheck, AReadableModuleIsConfirmedAndNotTouched) {
   lxtest::TempDir folder;
   const std::filesystem::path module = folder.path() / "lib" / "Вентиляция.ulb";
   std::filesystem::create_directories(module.parent_path());
-  WriteFile(module, "module bytes");
+  lxtest::WriteWhole(module, "module bytes");
   const auto written = std::filesystem::last_write_time(module);
   ExpectSuccess(Tool({"--update-ulb", Backslashed(module)}));
-  EXPECT_EQ(Contents(module), "module bytes");
+  EXPECT_EQ(lxtest::ReadWhole(module), "module bytes");
   EXPECT_EQ(std::filesystem::last_write_time(module), written);
 }
 
@@ -131,16 +129,6 @@ TEST(ToolRebuild, AReadOnlyDatabaseStaysReadOnly) {
   ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "true"}));
   ExpectSuccess(Tool({"--rebuild", Backslashed(catalog.File())}));
   EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 1);
-}
-
-TEST(ToolRebuild, AFileThatIsNoDatabaseFailsAndIsLeftAlone) {
-  lxtest::TempDir folder;
-  const std::filesystem::path file = folder.path() / "catalog.fdb";
-  WriteFile(file, std::string(40000, 'z'));
-  ExpectOneLineFailure(Tool({"--rebuild", Backslashed(file)}));
-  ExpectOneLineFailure(Tool({"--update-ods", Backslashed(file)}));
-  EXPECT_EQ(Contents(file), std::string(40000, 'z'));
-  EXPECT_EQ(FolderContents(folder.path()), std::vector<std::string>{"catalog.fdb"});
 }
 
 TEST(ToolRebuild, ADatabaseOpenInAnotherProcessFailsAndIsLeftAlone) {
@@ -180,15 +168,6 @@ TEST(ToolAccessMode, SetsAndClearsTheReadOnlyStateUnderAnyPath) {
   EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 0);
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('можно')");
   EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 1);
-}
-
-TEST(ToolAccessMode, AFileThatIsNoDatabaseFails) {
-  lxtest::TempDir folder;
-  const std::filesystem::path file = folder.path() / "catalog.fdb";
-  WriteFile(file, "not a database");
-  ExpectOneLineFailure(Tool({"--set-database-readonly", Backslashed(file), "true"}));
-  ExpectOneLineFailure(Tool({"--set-database-readonly", Backslashed(folder.path() / "missing.fdb"), "false"}));
-  EXPECT_EQ(Contents(file), "not a database");
 }
 
 // ---- --update-schema
@@ -234,9 +213,8 @@ TEST(ToolSchemaUpdate, AnUpToDateCatalogIsNotChanged) {
 }
 
 TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
-  EmbeddedCatalog reference;
-  const std::vector<std::string> schema = reference.Sql().Schema();
   EmbeddedCatalog catalog;
+  const std::vector<std::string> schema = catalog.Sql().Schema();
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Старый каталог')");
   MakeOlder(catalog);
   ASSERT_NE(catalog.Sql().Schema(), schema);
@@ -300,14 +278,6 @@ TEST(ToolSchemaUpdate, AReadOnlyOlderCatalogFails) {
   catalog.Sql().Execute(L"ALTER TABLE MODEL DROP ORIENTATION");
   ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "true"}));
   ExpectOneLineFailure(Tool({"--update-schema", Backslashed(catalog.File())}));
-}
-
-TEST(ToolSchemaUpdate, AFileThatIsNoDatabaseFails) {
-  lxtest::TempDir folder;
-  const std::filesystem::path file = folder.path() / "catalog.fdb";
-  WriteFile(file, "not a database");
-  ExpectOneLineFailure(Tool({"--update-schema", Backslashed(file)}));
-  EXPECT_EQ(Contents(file), "not a database");
 }
 
 }  // namespace
