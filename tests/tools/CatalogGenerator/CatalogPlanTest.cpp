@@ -3,23 +3,13 @@
 // are refused.
 #include <gtest/gtest.h>
 
+#include "GeneratedCatalogFixture.h"
 #include "tools/CatalogGenerator/AttributeLayout.h"
 #include "tools/CatalogGenerator/CatalogPlan.h"
 
 namespace {
 
-CatalogShape SmallTree() {
-  CatalogShape shape;
-  shape.packets = 2;
-  shape.depth = 2;
-  shape.fanOut = 2;
-  shape.templatesPerFolder = 3;
-  shape.sizesPerTemplate = 2;
-  shape.attributes = 5;
-  shape.commonAttributes = 1;
-  shape.formulaAttributes = 2;
-  return shape;
-}
+using lxtest::SmallTree;
 
 TEST(CatalogPlan, TotalsOfASmallTreeWorkedOutByHand) {
   const CatalogPlan plan(SmallTree());

@@ -11,6 +11,23 @@
 
 namespace lxtest {
 
+// Two packets of 1 + 2 + 4 folders; 3 templates in each of the 4 leaves;
+// 2 sizes each; attributes 21..25: two per size, 23 common, 24 and 25
+// formulas; attribute 11 on top.
+inline CatalogShape SmallTree() {
+  CatalogShape shape;
+  shape.seed = 17;
+  shape.packets = 2;
+  shape.depth = 2;
+  shape.fanOut = 2;
+  shape.templatesPerFolder = 3;
+  shape.sizesPerTemplate = 2;
+  shape.attributes = 5;
+  shape.commonAttributes = 1;
+  shape.formulaAttributes = 2;
+  return shape;
+}
+
 class GeneratedCatalogFixture : public CatalogFixture {
  protected:
   // Into this test's catalog, or into another file of this test.
