@@ -19,6 +19,7 @@
 #include <optional>
 #include <random>
 #include <stdexcept>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -224,25 +225,17 @@ TEST(DatabaseText, CharacterOutsideCodePage1251IsTheOnlyOneLost) {
   EXPECT_EQ(bytes, "\xCE\xF2\xE2\xEE\xE4 90\xB0  \xC4\xF3" "100");
 }
 
-TEST(DatabaseText, NullColumnsReadAsZeroZeroAndEmpty) {
-  TestCatalog catalog;
-  SqlScope scope(catalog.Provider());
-  for (const StoredValue& value : ReadValue(scope, AddValue(scope, std::nullopt, std::nullopt, std::nullopt))) {
-    EXPECT_TRUE(value.integerNull && value.realNull && value.textNull);
-    EXPECT_EQ(value.integer, 0);
-    EXPECT_EQ(value.real, 0.0);
-    EXPECT_EQ(value.text, L"");
-  }
-}
-
-TEST(DatabaseText, ValuesReadBackByNumberAndByName) {
+// Read by column number and by name; a null reads as 0, 0.0 and empty.
+TEST(DatabaseText, ValuesAndNullsReadBackByNumberAndByName) {
   TestCatalog catalog;
   SqlScope scope(catalog.Provider());
   for (const StoredValue& value : ReadValue(scope, AddValue(scope, -42, 2.5, L"Ширина"))) {
     EXPECT_FALSE(value.integerNull || value.realNull || value.textNull);
-    EXPECT_EQ(value.integer, -42);
-    EXPECT_EQ(value.real, 2.5);
-    EXPECT_EQ(value.text, L"Ширина");
+    EXPECT_EQ(std::tie(value.integer, value.real, value.text), std::make_tuple(-42, 2.5, std::wstring(L"Ширина")));
+  }
+  for (const StoredValue& value : ReadValue(scope, AddValue(scope, std::nullopt, std::nullopt, std::nullopt))) {
+    EXPECT_TRUE(value.integerNull && value.realNull && value.textNull);
+    EXPECT_EQ(std::tie(value.integer, value.real, value.text), std::make_tuple(0, 0.0, std::wstring()));
   }
 }
 

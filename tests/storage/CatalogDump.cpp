@@ -28,10 +28,11 @@ void DumpTable(LxFolderTable* table, const std::wstring& path, std::vector<std::
 
 }  // namespace
 
-std::wstring ValueText(LxStdSize* size, LxAttribute* attribute) {
+const NumberFormat kDumpFormat{false, 6};
+
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format) {
   ValueView view{};
-  const NumberFormat format{false, 6};
-  if (!stdsize_GetValue(size, attribute, &format, &view)) return L"<none>";
+  if (!stdsize_GetValue(size, attribute, format, &view)) return L"<none>";
   std::wostringstream text;
   switch (view.index) {
     case LX_VALUE_INT: text << L"i:" << view.payload.integer; break;

@@ -14,7 +14,10 @@ namespace lxtest {
 // and every size with the value of every column.
 std::vector<std::wstring> DumpFolder(LxFolder* folder);
 
-// The text of a size's value of one column, "<none>" when it has none.
-std::wstring ValueText(LxStdSize* size, LxAttribute* attribute);
+// The kind and text of a size's value of one column ("i:12", "d:7.9",
+// "s:Ст3"), "<none>" when it has none; numbers in the format given (null
+// for the library's default) reach only calculated texts.
+extern const NumberFormat kDumpFormat;
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format = &kDumpFormat);
 
 }  // namespace lxtest

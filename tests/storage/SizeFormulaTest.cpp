@@ -9,6 +9,7 @@ using lxtest::Captured;
 using lxtest::FlushText;
 using lxtest::Writes;
 namespace shapes = lxtest::shapes;
+using lxtest::ValueText;
 
 namespace {
 
@@ -31,23 +32,13 @@ class SizeFormula : public lxtest::CatalogFixture {
     LxPacket* packet = provider_GetPacketByName(provider_, L"Крепёж");
     return folder_GetTable(folder_GetChildFolder(packet_GetRootFolder(packet), 0));
   }
-  static std::wstring Text(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format = nullptr) {
-    ValueView view{};
-    if (!stdsize_GetValue(size, attribute, format, &view)) return L"<none>";
-    if (view.index != LX_VALUE_STRING) return L"<kind " + std::to_wstring(view.index) + L">";
-    return std::wstring(view.payload.text, view.length);
-  }
 };
 
 TEST_F(SizeFormula, ArithmeticReadsTheSizesOwnValues) {
   LxFolderTable* table = Table({L"{A21*2+1}"});
   LxAttribute* calculated = table_FindAttribute(table, L"Расчёт30");
-  ValueView view{};
-  ASSERT_TRUE(stdsize_GetValue(table_FindStdSize(table, L"Б-12"), calculated, nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_INT);
-  EXPECT_EQ(view.payload.integer, 25);
-  ASSERT_TRUE(stdsize_GetValue(table_FindStdSize(table, L"Б-16"), calculated, nullptr, &view));
-  EXPECT_EQ(view.payload.integer, 33);
+  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-12"), calculated), L"i:25");
+  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-16"), calculated), L"i:33");
   EXPECT_FALSE(attribute_CanEditForumalaValue(calculated));
 }
 
@@ -55,9 +46,9 @@ TEST_F(SizeFormula, TextFormulaPrintsNumbersUnderTheClientsFormat) {
   LxFolderTable* table = Table({L"Болт М{A21}x{A22}"});
   LxStdSize* size = table_FindStdSize(table, L"Б-12");
   LxAttribute* calculated = table_FindAttribute(table, L"Расчёт30");
-  EXPECT_EQ(Text(size, calculated), L"Болт М12x7,90");
+  EXPECT_EQ(ValueText(size, calculated, nullptr), L"s:Болт М12x7,90");
   const NumberFormat integerForm{false, 0};
-  EXPECT_EQ(Text(size, calculated, &integerForm), L"Болт М12x7");
+  EXPECT_EQ(ValueText(size, calculated, &integerForm), L"s:Болт М12x7");
   // The view points at the last evaluation's result and stays valid until
   // the next read of the column on this size.
   ValueView view{};
@@ -72,27 +63,24 @@ TEST_F(SizeFormula, FormulaBeatsAnOwnValueOfItsColumn) {
   ASSERT_TRUE(Reload());
   LxPacket* packet = provider_GetPacketByName(provider_, L"Крепёж");
   table = folder_GetTable(folder_GetChildFolder(packet_GetRootFolder(packet), 0));
-  ValueView view{};
-  ASSERT_TRUE(stdsize_GetValue(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_INT);
-  EXPECT_EQ(view.payload.integer, 112);
+  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30")), L"i:112");
 }
 
 TEST_F(SizeFormula, ReferenceToAColumnTheTableLacksIsEmptyAndSilent) {
   LxFolderTable* table = Table({L"М{A77}x{Нет такого}"});
-  auto [text, writes] = Captured([&] { return Text(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30")); });
-  EXPECT_EQ(text, L"Мx");
+  auto [text, writes] = Captured([&] { return ValueText(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30")); });
+  EXPECT_EQ(text, L"s:Мx");
   EXPECT_TRUE(writes.empty());
 }
 
 TEST_F(SizeFormula, CycleEndsWithEmptyAndOneMessage) {
   LxFolderTable* table = Table({L"{A31}", L"{A30}"});
   LxStdSize* size = table_FindStdSize(table, L"Б-16");
-  auto [text, writes] = Captured([&] { return Text(size, table_FindAttribute(table, L"Расчёт30")); });
+  auto [text, writes] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт30")); });
   EXPECT_EQ(text, L"<none>");
   EXPECT_EQ(writes, Writes{">LxDataAcces: Зацикливание формулы в Б-16"});
   // A new read is a new source: the message comes again, once.
-  auto [again, againWrites] = Captured([&] { return Text(size, table_FindAttribute(table, L"Расчёт31")); });
+  auto [again, againWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт31")); });
   EXPECT_EQ(againWrites.size(), 1u);
 }
 
@@ -103,14 +91,10 @@ TEST_F(SizeFormula, MoreThanFiftyReadsGiveEmptyFromTheFiftyFirstOn) {
   fifty += L"}";
   LxFolderTable* table = Table({fifty, fiftyOne});
   LxStdSize* size = table_FindStdSize(table, L"Б-12");
-  ValueView view{};
-  auto [ok, writes] = Captured([&] { return stdsize_GetValue(size, table_FindAttribute(table, L"Расчёт30"), nullptr, &view); });
-  ASSERT_TRUE(ok);
-  EXPECT_EQ(view.payload.integer, 600);
+  auto [fiftyReads, writes] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт30")); });
+  EXPECT_EQ(fiftyReads, L"i:600");
   EXPECT_TRUE(writes.empty());
-  auto [over, overWrites] = Captured([&] {
-    return stdsize_GetValue(size, table_FindAttribute(table, L"Расчёт31"), nullptr, &view);
-  });
+  auto [over, overWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт31")); });
   EXPECT_EQ(overWrites, Writes{">LxDataAcces: Зацикливание формулы в Б-12"});
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "tools/CatalogGenerator/PacketFolderTree.h"
@@ -25,25 +26,23 @@ std::vector<NestedBounds> ReferenceBounds(const PacketFolderTree& tree, std::int
   return bounds;
 }
 
-TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirst) {
-  const PacketFolderTree tree(7, 2);
-  EXPECT_EQ(tree.Parent(0), -1);
-  EXPECT_EQ(tree.Parent(1), 0);
-  EXPECT_EQ(tree.Parent(2), 0);
-  EXPECT_EQ(tree.Parent(3), 1);
-  EXPECT_EQ(tree.Parent(4), 1);
-  EXPECT_EQ(tree.Parent(5), 2);
-  EXPECT_EQ(tree.Parent(6), 2);
+// "left,right" of every folder.
+std::vector<std::string> BoundsText(const std::vector<NestedBounds>& bounds) {
+  std::vector<std::string> texts;
+  for (const NestedBounds& b : bounds) texts.push_back(std::to_string(b.left) + "," + std::to_string(b.right));
+  return texts;
 }
 
-TEST(PacketFolderTree, LeavesAreFoldersWithoutChildren) {
-  const PacketFolderTree tree(6, 2);  // folder 2 has one child (5), 3..5 none
-  EXPECT_FALSE(tree.IsLeaf(0));
-  EXPECT_FALSE(tree.IsLeaf(1));
-  EXPECT_FALSE(tree.IsLeaf(2));
-  EXPECT_TRUE(tree.IsLeaf(3));
-  EXPECT_TRUE(tree.IsLeaf(4));
-  EXPECT_TRUE(tree.IsLeaf(5));
+TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirstAndLeavesHaveNoChildren) {
+  const PacketFolderTree tree(7, 2);
+  std::vector<std::int32_t> parents;
+  for (std::int32_t folder = 0; folder < 7; ++folder) parents.push_back(tree.Parent(folder));
+  EXPECT_EQ(parents, (std::vector<std::int32_t>{-1, 0, 0, 1, 1, 2, 2}));
+
+  const PacketFolderTree uneven(6, 2);  // folder 2 has one child (5), 3..5 none
+  std::vector<bool> leaves;
+  for (std::int32_t folder = 0; folder < 6; ++folder) leaves.push_back(uneven.IsLeaf(folder));
+  EXPECT_EQ(leaves, (std::vector<bool>{false, false, false, true, true, true}));
   EXPECT_TRUE(PacketFolderTree(1, 3).IsLeaf(0));
 }
 
@@ -51,29 +50,14 @@ TEST(PacketFolderTree, BoundsOfASmallTreeAreTheTriggersNumbers) {
   // What the bound trigger gives a root, two children and a grandchild under
   // the first child, inserted in that order: root 1..8, child 2..5 with the
   // grandchild 3..4, child 6..7.
-  const std::vector<NestedBounds> bounds = PacketFolderTree(4, 2).Bounds(1);
-  ASSERT_EQ(bounds.size(), 4u);
-  EXPECT_EQ(bounds[0].left, 1);
-  EXPECT_EQ(bounds[0].right, 8);
-  EXPECT_EQ(bounds[1].left, 2);
-  EXPECT_EQ(bounds[1].right, 5);
-  EXPECT_EQ(bounds[2].left, 6);
-  EXPECT_EQ(bounds[2].right, 7);
-  EXPECT_EQ(bounds[3].left, 3);
-  EXPECT_EQ(bounds[3].right, 4);
+  EXPECT_EQ(BoundsText(PacketFolderTree(4, 2).Bounds(1)), (std::vector<std::string>{"1,8", "2,5", "6,7", "3,4"}));
 }
 
 TEST(PacketFolderTree, BoundsMatchARecursiveNumberingForManyShapes) {
   for (std::int32_t folders : {1, 2, 3, 10, 21, 100}) {
     for (std::int32_t fanOut : {1, 2, 3, 5, 200}) {
       const PacketFolderTree tree(folders, fanOut);
-      const std::vector<NestedBounds> expected = ReferenceBounds(tree, 41);
-      const std::vector<NestedBounds> actual = tree.Bounds(41);
-      ASSERT_EQ(actual.size(), expected.size());
-      for (std::int32_t folder = 0; folder < folders; ++folder) {
-        EXPECT_EQ(actual[folder].left, expected[folder].left) << folders << "/" << fanOut << " folder " << folder;
-        EXPECT_EQ(actual[folder].right, expected[folder].right) << folders << "/" << fanOut << " folder " << folder;
-      }
+      EXPECT_EQ(BoundsText(tree.Bounds(41)), BoundsText(ReferenceBounds(tree, 41))) << folders << "/" << fanOut;
     }
   }
 }
