@@ -67,6 +67,7 @@ std::vector<std::string> SchemaAndGenerators(lxtest::CatalogSql& sql) {
 }
 
 TEST(EmptyCatalogImage, IsTheSchemaScriptRunOnAFreshDatabase) {
+  if (TestCatalog::ThroughServer()) GTEST_SKIP() << "two embedded files, the same through a server or not";
   lxtest::EmbeddedCatalog image;
   lxtest::TempDir folder;
   const std::filesystem::path scripted = folder.path() / "scripted.fdb";

@@ -44,7 +44,7 @@ CatalogShape ThreePackets() {
   return shape;
 }
 
-TEST_F(GeneratedTree, TheLibraryShowsThePacketsAndTheirFolders) {
+TEST_F(GeneratedTree, TheLibraryShowsThePacketsAndTheirFoldersAndAddsBehindThem) {
   ASSERT_NE(provider_, nullptr);
   Generate(ThreePackets());
   ASSERT_TRUE(Reload());
@@ -61,39 +61,8 @@ TEST_F(GeneratedTree, TheLibraryShowsThePacketsAndTheirFolders) {
     folderCounts.insert(FoldersBelow(root));
   }
   EXPECT_EQ(folderCounts, (std::multiset<std::int32_t>{3, 3, 4}));
-}
 
-TEST_F(GeneratedTree, ChildrenHaveTheirPositionsAsNames) {
-  CatalogShape shape;
-  shape.depth = 1;
-  shape.fanOut = 3;
-  Generate(shape);
-  ASSERT_TRUE(Reload());
-  LxFolder* root = packet_GetRootFolder(provider_GetPacket(provider_, 0));
-  ASSERT_EQ(folder_GetChildFolderCount(root), 3);
-  std::set<std::wstring> names;
-  for (std::int32_t i = 0; i < 3; ++i) names.insert(folder_GetName(folder_GetChildFolder(root, i)));
-  EXPECT_EQ(names, (std::set<std::wstring>{L"Папка 1", L"Папка 2", L"Папка 3"}));
-}
-
-TEST_F(GeneratedTree, BoundsAreANestedSetAndTheTriggerComesBack) {
-  ASSERT_TRUE(BoundTriggerActive());
-  Generate(ThreePackets());
-  EXPECT_EQ(BrokenBounds(), 0);
-  EXPECT_EQ(Sql().Int(L"SELECT MIN(LEFT_BOUND) FROM FOLDER"), 1);
-  EXPECT_EQ(Sql().Int(L"SELECT MAX(RIGHT_BOUND) FROM FOLDER"), 20);
-  EXPECT_TRUE(BoundTriggerActive());
-}
-
-TEST_F(GeneratedTree, ForcedWritesComeBackOn) {
-  ASSERT_TRUE(ForcedWrites());
-  Generate(ThreePackets());
-  EXPECT_TRUE(ForcedWrites());
-}
-
-TEST_F(GeneratedTree, TheLibrarysOwnInsertsComeBehindTheGeneratedRows) {
-  Generate(ThreePackets());
-  ASSERT_TRUE(Reload());
+  // The library's own inserts come behind the generated rows.
   const std::int32_t lastPacket = Sql().Int(L"SELECT MAX(ID) FROM PACKET");
   const std::int32_t lastFolder = Sql().Int(L"SELECT MAX(ID) FROM FOLDER");
 
@@ -110,6 +79,30 @@ TEST_F(GeneratedTree, TheLibrarysOwnInsertsComeBehindTheGeneratedRows) {
   EXPECT_EQ(BrokenBounds(), 0);
   ASSERT_TRUE(Reload());
   EXPECT_EQ(provider_GetPacketCount(provider_), 4);
+}
+
+TEST_F(GeneratedTree, ChildrenHaveTheirPositionsAsNames) {
+  CatalogShape shape;
+  shape.depth = 1;
+  shape.fanOut = 3;
+  Generate(shape);
+  ASSERT_TRUE(Reload());
+  LxFolder* root = packet_GetRootFolder(provider_GetPacket(provider_, 0));
+  ASSERT_EQ(folder_GetChildFolderCount(root), 3);
+  std::set<std::wstring> names;
+  for (std::int32_t i = 0; i < 3; ++i) names.insert(folder_GetName(folder_GetChildFolder(root, i)));
+  EXPECT_EQ(names, (std::set<std::wstring>{L"Папка 1", L"Папка 2", L"Папка 3"}));
+}
+
+TEST_F(GeneratedTree, BoundsAreANestedSetAndTheTriggerAndForcedWritesComeBack) {
+  ASSERT_TRUE(BoundTriggerActive());
+  ASSERT_TRUE(ForcedWrites());
+  Generate(ThreePackets());
+  EXPECT_TRUE(ForcedWrites());
+  EXPECT_EQ(BrokenBounds(), 0);
+  EXPECT_EQ(Sql().Int(L"SELECT MIN(LEFT_BOUND) FROM FOLDER"), 1);
+  EXPECT_EQ(Sql().Int(L"SELECT MAX(RIGHT_BOUND) FROM FOLDER"), 20);
+  EXPECT_TRUE(BoundTriggerActive());
 }
 
 TEST_F(GeneratedTree, GeneratorsStandPastEveryGeneratedId) {

@@ -32,19 +32,6 @@ TEST_F(Generation, WritesTheRowsTheShapeStandsFor) {
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT O WHERE EXISTS (SELECT 1 FROM FOLDER F WHERE F.ID_PARENT = "
                       L"O.FOLDERID)"),
             0);
-}
-
-TEST_F(Generation, TellsItsProgressAfterEveryTemplate) {
-  std::vector<CatalogCounts> told;
-  const CatalogCounts written = Generate(SmallTree(), [&](const CatalogCounts& so) { told.push_back(so); });
-  ASSERT_EQ(told.size(), 24u);
-  for (std::size_t i = 0; i < told.size(); ++i) EXPECT_EQ(told[i].templates, static_cast<std::int64_t>(i + 1));
-  EXPECT_EQ(told.back().sizes, written.sizes);
-  EXPECT_EQ(told.back().values, written.values);
-}
-
-TEST_F(Generation, EveryTemplateHangsUnderItsPacketsTree) {
-  Generate(SmallTree());
   // The folder of each template descends from the root folder of the
   // template's packet.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT O JOIN PACKET P ON P.ID = O.PACKETID "
@@ -54,6 +41,20 @@ TEST_F(Generation, EveryTemplateHangsUnderItsPacketsTree) {
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE OBJECTTYPEID NOT IN (SELECT ID FROM OBJECTTYPE) "
                       L"OR REPRESENTATIONID <> (SELECT MIN(ID) FROM REPRESENTATION)"),
             0);
+  // Identifiers are unique in each packet.
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT O.PACKETID, S.IDENTIFIER FROM STANDARDSIZE S JOIN OBJECT O "
+                      L"ON O.ID = S.OBJECTID GROUP BY 1, 2 HAVING COUNT(*) > 1)"),
+            0);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = ''"), 0);
+}
+
+TEST_F(Generation, TellsItsProgressAfterEveryTemplate) {
+  std::vector<CatalogCounts> told;
+  const CatalogCounts written = Generate(SmallTree(), [&](const CatalogCounts& so) { told.push_back(so); });
+  ASSERT_EQ(told.size(), 24u);
+  for (std::size_t i = 0; i < told.size(); ++i) EXPECT_EQ(told[i].templates, static_cast<std::int64_t>(i + 1));
+  EXPECT_EQ(told.back().sizes, written.sizes);
+  EXPECT_EQ(told.back().values, written.values);
 }
 
 TEST_F(Generation, ValuesStandInTheColumnOfTheirType) {
@@ -119,14 +120,6 @@ TEST_F(Generation, AttributeElevenHoldsEachSizesIdentifier) {
                       L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID JOIN STANDARDSIZE "
                       L"S ON S.ID = AV.STANDARDSIZEID WHERE OA.NUMBER = 11 AND CV.STRVAL = S.IDENTIFIER"),
             48);
-}
-
-TEST_F(Generation, IdentifiersAreUniqueInEachPacket) {
-  Generate(SmallTree());
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT O.PACKETID, S.IDENTIFIER FROM STANDARDSIZE S JOIN OBJECT O "
-                      L"ON O.ID = S.OBJECTID GROUP BY 1, 2 HAVING COUNT(*) > 1)"),
-            0);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = ''"), 0);
 }
 
 TEST_F(Generation, FormulasParseAndReadNumbersOfTheirTemplate) {
