@@ -3,7 +3,6 @@
 // and one just above the threshold with the same rows and compare the whole.
 #include <algorithm>
 
-#include "CatalogDump.h"
 #include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "Shapes.h"

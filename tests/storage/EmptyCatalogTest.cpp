@@ -66,6 +66,13 @@ std::vector<std::string> SchemaAndGenerators(lxtest::CatalogSql& sql) {
   return lines;
 }
 
+// A new empty catalog and one scope on it that is never committed.
+class EmptyCatalog : public ::testing::Test {
+ protected:
+  TestCatalog catalog_;
+  SqlScope sql{catalog_.Provider()};
+};
+
 TEST(EmptyCatalogImage, IsTheSchemaScriptRunOnAFreshDatabase) {
   if (TestCatalog::ThroughServer()) GTEST_SKIP() << "two embedded files, the same through a server or not";
   lxtest::EmbeddedCatalog image;
@@ -81,22 +88,17 @@ TEST(EmptyCatalogImage, IsTheSchemaScriptRunOnAFreshDatabase) {
   EXPECT_EQ(SchemaAndGenerators(image.Sql()), expected);
 }
 
-TEST(EmptyCatalogImage, IsAFirebirdDatabaseOfTheCatalogsFormat) {
+TEST_F(EmptyCatalog, IsAFirebirdDatabaseOfTheCatalogsFormat) {
   const auto image = EmptyCatalogImage();
   ASSERT_GT(image.size(), 16384u);
   EXPECT_EQ(image.size() % 16384, 0u);
-
-  TestCatalog catalog;
-  EXPECT_EQ(std::filesystem::file_size(catalog.File()), image.size());
-  SqlScope sql(catalog.Provider());
+  EXPECT_EQ(std::filesystem::file_size(catalog_.File()), image.size());
   EXPECT_EQ(sql.Texts(L"SELECT MON$PAGE_SIZE || ' ' || MON$ODS_MAJOR || '.' || MON$ODS_MINOR || ' dialect ' || "
                       L"MON$SQL_DIALECT || ' ' || TRIM(RDB$CHARACTER_SET_NAME) FROM MON$DATABASE, RDB$DATABASE"),
             std::vector<std::wstring>{L"16384 12.0 dialect 3 NONE"});
 }
 
-TEST(EmptyCatalogRows, FirstRowsArePresent) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, FirstRowsArePresent) {
   EXPECT_THAT(sql.Texts(L"SELECT ID || ': ' || NAME || '|' || TAG || '|' || VAL FROM BASE_PARAM ORDER BY ID"),
               ElementsAre(L"1: VERSION||1"));
   EXPECT_THAT(sql.Texts(L"SELECT PARAMETER_NAME || '|' || PARAMETER_VALUE FROM INFO"), ElementsAre(L"version|11"));
@@ -115,9 +117,7 @@ TEST(EmptyCatalogRows, FirstRowsArePresent) {
                           L"Изменить стандартную проекцию невозможно"));
 }
 
-TEST(EmptyCatalogRows, FirstRepresentationIsAStoredPropertiesDocument) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, FirstRepresentationIsAStoredPropertiesDocument) {
   EXPECT_THAT(sql.Texts(L"SELECT ID || ' ' || DIGEST FROM REPRESENTATION"), ElementsAre(HasSubstr(L"4 ")));
   const std::vector<unsigned char> document = Unpack(sql.Blob(L"SELECT DATA FROM REPRESENTATION"));
   ASSERT_FALSE(document.empty()) << "not a length and an LZO1Y stream";
@@ -162,9 +162,7 @@ struct Tree {
   }
 };
 
-TEST(EmptyCatalogTriggers, IdentifierTriggersFillTheId) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, IdentifierTriggersFillTheId) {
   EXPECT_EQ(sql.Int(L"INSERT INTO ATTRIBUTENAME (NAME) VALUES ('a') RETURNING ID"), 1);
   EXPECT_EQ(sql.Int(L"INSERT INTO ATTRIBUTENAME (ID, NAME) VALUES (50, 'b') RETURNING ID"), 50);  // kept
   EXPECT_EQ(sql.Int(L"INSERT INTO ATTRIBUTENAME (NAME) VALUES ('c') RETURNING ID"), 2);
@@ -177,9 +175,7 @@ TEST(EmptyCatalogTriggers, IdentifierTriggersFillTheId) {
   EXPECT_EQ(sql.Int(L"INSERT INTO PROJECTION (NAME) VALUES ('сбоку') RETURNING ID"), 7);
 }
 
-TEST(EmptyCatalogTriggers, FolderBoundsNest) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, FolderBoundsNest) {
   auto add = [&](const wchar_t* name, const std::wstring& parent) {
     return std::to_wstring(
         sql.Int(L"INSERT INTO FOLDER (NAME, ID_PARENT) VALUES ('" + std::wstring(name) + L"', " + parent +
@@ -193,9 +189,7 @@ TEST(EmptyCatalogTriggers, FolderBoundsNest) {
               ThrowsMessage<IBPP::Exception>(HasSubstr("CHECK_FOLDER_1")));
 }
 
-TEST(EmptyCatalogTriggers, StandardProjectionsCannotChange) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, StandardProjectionsCannotChange) {
   const std::string refusal = WideToCp1251(L"Изменить стандартную проекцию невозможно");
   for (int id = 1; id <= 6; ++id) {
     const std::wstring where = L" WHERE ID = " + std::to_wstring(id);
@@ -209,9 +203,7 @@ TEST(EmptyCatalogTriggers, StandardProjectionsCannotChange) {
   EXPECT_EQ(sql.Int(L"SELECT COUNT(*) FROM PROJECTION"), 6);
 }
 
-TEST(EmptyCatalogProcedures, DictionariesHoldOneRowPerTextAndValuesAreNeverShared) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, DictionariesHoldOneRowPerTextAndValuesAreNeverShared) {
   const std::int32_t width = sql.Int(L"EXECUTE PROCEDURE GET_ATTR_NAME('Ширина')");
   EXPECT_GT(width, 0);
   EXPECT_EQ(sql.Int(L"EXECUTE PROCEDURE GET_ATTR_NAME('Ширина')"), width);
@@ -230,9 +222,7 @@ TEST(EmptyCatalogProcedures, DictionariesHoldOneRowPerTextAndValuesAreNeverShare
   EXPECT_EQ(sql.Int(L"SELECT COUNT(*) FROM CONCRETEVALUE"), 4);
 }
 
-TEST(EmptyCatalogProcedures, AttributesAndSizeValues) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, AttributesAndSizeValues) {
   const Tree tree(sql);
   const std::wstring size = std::to_wstring(sql.Int(tree.Size(L"100")));
   const std::wstring call = L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + std::to_wstring(tree.templateId);
@@ -254,9 +244,7 @@ TEST(EmptyCatalogProcedures, AttributesAndSizeValues) {
   EXPECT_EQ(sql.Int(L"SELECT COUNT(*) FROM CONCRETEVALUE"), valuesBefore + 1);
 }
 
-TEST(EmptyCatalogProcedures, AdditionalFilesAreSharedByDigest) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, AdditionalFilesAreSharedByDigest) {
   const Tree tree(sql);
   const std::wstring call = L"EXECUTE PROCEDURE INSERT_ADDITIONALFILE('паспорт.pdf', 'pdf', x'25504446', '" +
                             std::wstring(32, L'a') + L"', ";
@@ -268,9 +256,7 @@ TEST(EmptyCatalogProcedures, AdditionalFilesAreSharedByDigest) {
               ElementsAre(L"1,1,2"));
 }
 
-TEST(EmptyCatalogRules, ChecksAndForeignKeysAct) {
-  TestCatalog catalog;
-  SqlScope sql(catalog.Provider());
+TEST_F(EmptyCatalog, ChecksAndForeignKeysAct) {
   const Tree tree(sql);
   sql.Run(tree.Size(L"100"));
   const std::wstring fragment = std::to_wstring(sql.Int(L"INSERT INTO FRAGMENT (THUMBNAIL) VALUES (x'42') RETURNING ID"));

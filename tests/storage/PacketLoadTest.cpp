@@ -1,7 +1,6 @@
 // The first touch of a packet reads its content: templates, their columns
 // and common values, sizes and their own values, and splits folders whose
 // templates differ into virtual folders.
-#include "CatalogDump.h"
 #include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "Shapes.h"

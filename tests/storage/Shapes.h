@@ -1,10 +1,16 @@
-// SQL for catalog shapes the interface cannot make: templates with common
-// values, several sizes per template, stored formulas, broken rows. Ids are
-// the caller's, so tests can name what they made.
+// Catalogs for the load tests: SQL for shapes the interface cannot make
+// (templates with common values, several sizes per template, stored
+// formulas, broken rows; ids are the caller's, so tests can name what they
+// made), and what the client interface then shows, one line per fact and
+// sorted, so that two loads compare as wholes whatever order the database
+// returned rows in.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#include "LxDataAccess.h"
 
 namespace lxtest::shapes {
 
@@ -29,3 +35,17 @@ std::wstring ManyTemplates(std::int32_t firstId, std::int32_t folder, std::int32
                            std::int32_t count);
 
 }  // namespace lxtest::shapes
+
+namespace lxtest {
+
+// Every folder below `folder` (by path from it), every column of its table
+// and every size with the value of every column.
+std::vector<std::wstring> DumpFolder(LxFolder* folder);
+
+// The kind and text of a size's value of one column ("i:12", "d:7.9",
+// "s:Ст3"), "<none>" when it has none; numbers in the format given (null
+// for the library's default) reach only calculated texts.
+extern const NumberFormat kDumpFormat;
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format = &kDumpFormat);
+
+}  // namespace lxtest

@@ -1,6 +1,5 @@
 // Calculated columns on loaded sizes: what a formula reads, the client's
 // number format travelling down, and the guard that ends cycles.
-#include "CatalogDump.h"
 #include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "Shapes.h"
