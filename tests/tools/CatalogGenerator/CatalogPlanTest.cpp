@@ -12,20 +12,14 @@ namespace {
 using lxtest::SmallTree;
 
 TEST(CatalogPlan, TotalsOfASmallTreeWorkedOutByHand) {
-  const CatalogPlan plan(SmallTree());
-  const CatalogCounts& totals = plan.Totals();
-  // 1 + 2 + 4 folders per packet, the 4 of the last level are leaves.
-  EXPECT_EQ(totals.packets, 2);
-  EXPECT_EQ(totals.folders, 14);
-  EXPECT_EQ(totals.templates, 2 * 4 * 3);
-  EXPECT_EQ(totals.sizes, 24 * 2);
-  // Attribute 11 and the five numbered ones on every template.
-  EXPECT_EQ(totals.templateAttributes, 24 * 6);
-  // Per size: 11 and the two plain ones (5 - 1 common - 2 formulas).
-  EXPECT_EQ(totals.sizeValues, 48 * 3);
-  EXPECT_EQ(totals.values, 48 * 3 + 24 * 1);
-  EXPECT_EQ(totals.splitFolders, 0);
-  EXPECT_EQ(totals.virtualFolders, 0);
+  // 1 + 2 + 4 folders per packet, the 4 of the last level are leaves, with
+  // 3 templates each; attribute 11 and the five numbered ones on every
+  // template; per size 11 and the two plain ones (5 - 1 common - 2
+  // formulas); one common value per template.
+  const CatalogCounts totals = CatalogPlan(SmallTree()).Totals();
+  EXPECT_EQ(totals, (CatalogCounts{.packets = 2, .folders = 14, .templates = 2 * 4 * 3, .sizes = 24 * 2,
+                                   .templateAttributes = 24 * 6, .values = 48 * 3 + 24 * 1, .sizeValues = 48 * 3}))
+      << DescribeCounts(totals);
 }
 
 TEST(CatalogPlan, TemplatesInEveryFolderWhenAsked) {

@@ -24,19 +24,11 @@ TEST(LxgenArguments, ReadsTheShapeAndTheCatalog) {
               "--attributes", "20", "--common", "2", "--formulas", "2", "--split", "2", "--split-by", "attributes",
               "--seed", "42", "--all-folders", "--no-id-specification", "out.fdb"});
   EXPECT_EQ(arguments.catalog, "out.fdb");
-  EXPECT_EQ(arguments.shape.packets, 1000);
-  EXPECT_EQ(arguments.shape.totalFolders, 20000);
-  EXPECT_EQ(arguments.shape.fanOut, 4);
-  EXPECT_EQ(arguments.shape.templatesPerFolder, 3);
-  EXPECT_EQ(arguments.shape.sizesPerPacket, 20000);
-  EXPECT_EQ(arguments.shape.attributes, 20);
-  EXPECT_EQ(arguments.shape.commonAttributes, 2);
-  EXPECT_EQ(arguments.shape.formulaAttributes, 2);
-  EXPECT_EQ(arguments.shape.splitGroups, 2);
-  EXPECT_EQ(arguments.shape.splitBy, SplitBy::AttributeSets);
-  EXPECT_EQ(arguments.shape.seed, 42u);
-  EXPECT_FALSE(arguments.shape.templatesInLeavesOnly);
-  EXPECT_FALSE(arguments.shape.idSpecification);
+  EXPECT_TRUE(arguments.shape == (CatalogShape{.seed = 42, .packets = 1000, .fanOut = 4, .totalFolders = 20000,
+                                               .templatesInLeavesOnly = false, .templatesPerFolder = 3,
+                                               .sizesPerPacket = 20000, .attributes = 20, .commonAttributes = 2,
+                                               .formulaAttributes = 2, .idSpecification = false, .splitGroups = 2,
+                                               .splitBy = SplitBy::AttributeSets}));
 }
 
 TEST(LxgenArguments, ConnectionDefaultsToEmbeddedSysdba) {
