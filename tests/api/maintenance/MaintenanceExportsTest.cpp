@@ -49,16 +49,9 @@ TEST(ReadOnlyExport, RoundTripSeenByTheWritabilityProbe) {
   EXPECT_TRUE(provider_IsEditable(provider));
 }
 
-TEST(ReadOnlyExport, FailsQuietlyOnAFileThatIsNoDatabase) {
-  lxtest::TempDir folder;
-  const std::filesystem::path file = folder.path() / "catalog.fdb";
-  std::ofstream(file) << "not a database";
-  auto [done, writes] = Captured([&] { return lxSetDatabaseReadonly(Wide(file).c_str(), true); });
-  EXPECT_FALSE(done);
-  EXPECT_TRUE(LibraryWasSilent(writes));
-}
-
-TEST(UpdateDatabaseExport, AnUpToDateCatalogStaysAsItIsRunAfterRun) {
+// An up-to-date catalog stays as it is run after run; an older one gets
+// back what it lacks.
+TEST(UpdateDatabaseExport, BringsACatalogUpToDate) {
   EmbeddedCatalog catalog;
   const std::vector<std::string> schema = catalog.Sql().Schema();
   auto [updated, writes] = Captured([&] { return lxUpdateDatabase(catalog.Path().c_str()); });
@@ -66,11 +59,7 @@ TEST(UpdateDatabaseExport, AnUpToDateCatalogStaysAsItIsRunAfterRun) {
   EXPECT_TRUE(writes.empty());
   EXPECT_TRUE(lxUpdateDatabase(catalog.Path().c_str()));
   EXPECT_EQ(catalog.Sql().Schema(), schema);
-}
 
-TEST(UpdateDatabaseExport, BringsBackWhatAnOlderCatalogLacks) {
-  EmbeddedCatalog catalog;
-  const std::vector<std::string> schema = catalog.Sql().Schema();
   for (const wchar_t* statement : {L"ALTER TABLE MODEL DROP ORIENTATION", L"ALTER TABLE OBJECT DROP CONSTRAINT INTEG_81",
                                    L"ALTER TABLE OBJECTATTRIBUTE DROP CONSTRAINT INTEG_82",
                                    L"DROP TABLE TEMPLATEATTRIBUTE", L"DROP TABLE TEMPLATEGROUP", L"DROP TABLE TEMPLATE",
@@ -84,13 +73,16 @@ TEST(UpdateDatabaseExport, BringsBackWhatAnOlderCatalogLacks) {
   EXPECT_EQ(catalog.Sql().Schema(), schema);
 }
 
-TEST(UpdateDatabaseExport, FalseWhenTheToolFailsOrTheFileIsMissing) {
+TEST(ToolExports, FalseWhenTheToolFailsOrTheFileIsMissing) {
   lxtest::TempDir folder;
   const std::filesystem::path file = folder.path() / "catalog.fdb";
   std::ofstream(file) << "not a database";
   auto [updated, writes] = Captured([&] { return lxUpdateDatabase(Wide(file).c_str()); });
   EXPECT_FALSE(updated);
   EXPECT_TRUE(LibraryWasSilent(writes));
+  auto [readOnly, readOnlyWrites] = Captured([&] { return lxSetDatabaseReadonly(Wide(file).c_str(), true); });
+  EXPECT_FALSE(readOnly);
+  EXPECT_TRUE(LibraryWasSilent(readOnlyWrites));
 
   auto [missing, missingWrites] = Captured([&] { return lxUpdateDatabase(Wide(folder.path() / "no.fdb").c_str()); });
   EXPECT_FALSE(missing);
