@@ -86,12 +86,4 @@ TEST(CreateEmptyFdb, PathsThatCannotBeWrittenFail) {
   EXPECT_TRUE(folderWrites.empty());
 }
 
-TEST(CreateEmptyFdb, TheWrittenCatalogOpensThroughTheLibrary) {
-  lxtest::EmbeddedCatalog catalog;
-  LxDataProvider* provider = catalog.Attached();
-  ASSERT_NE(provider, nullptr);
-  EXPECT_STREQ(provider_GetParam(provider, L"VERSION", L""), L"1");
-  EXPECT_TRUE(provider_IsEditable(provider));
-}
-
 }  // namespace

@@ -32,6 +32,7 @@ bool LibraryWasSilent(const Writes& writes) {
 
 std::wstring Wide(const std::filesystem::path& path) { return Utf8ToWide(path.string()); }
 
+// The catalog that lxCreateEmptyFDB wrote opens through the library.
 TEST(ReadOnlyExport, RoundTripSeenByTheWritabilityProbe) {
   EmbeddedCatalog catalog;
   LxDataProvider* provider = catalog.Attached();

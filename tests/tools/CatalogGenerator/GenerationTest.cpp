@@ -13,6 +13,20 @@ namespace {
 
 using lxtest::SmallTree;
 
+// Counts over every value of a size, with its attribute row OA and value
+// row CV.
+const std::wstring kSizeValues =
+    L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = AV.OBJECTATTRIBUTEID "
+    L"JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID ";
+// Values of attribute 11 that hold their size's identifier.
+const std::wstring kIdentifierValues =
+    kSizeValues + L"JOIN STANDARDSIZE S ON S.ID = AV.STANDARDSIZEID WHERE OA.NUMBER = 11 AND CV.STRVAL = S.IDENTIFIER";
+// A value in the column of its attribute's type and in no other.
+const std::wstring kRightColumn =
+    L"((OA.ATTRTYPE = 1 AND CV.INTVAL IS NOT NULL AND CV.DOUBLEVAL IS NULL AND CV.STRVAL IS NULL) OR "
+    L"(OA.ATTRTYPE = 2 AND CV.INTVAL IS NULL AND CV.DOUBLEVAL IS NOT NULL AND CV.STRVAL IS NULL) OR "
+    L"(OA.ATTRTYPE = 3 AND CV.INTVAL IS NULL AND CV.DOUBLEVAL IS NULL AND CV.STRVAL IS NOT NULL))";
+
 class Generation : public lxtest::GeneratedCatalogFixture {};
 
 TEST_F(Generation, WritesTheRowsTheShapeStandsFor) {
@@ -59,25 +73,13 @@ TEST_F(Generation, TellsItsProgressAfterEveryTemplate) {
 
 TEST_F(Generation, ValuesStandInTheColumnOfTheirType) {
   Generate(SmallTree());
-  const std::wstring rightColumn =
-      L"((OA.ATTRTYPE = 1 AND CV.INTVAL IS NOT NULL AND CV.DOUBLEVAL IS NULL AND CV.STRVAL IS NULL) OR "
-      L"(OA.ATTRTYPE = 2 AND CV.INTVAL IS NULL AND CV.DOUBLEVAL IS NOT NULL AND CV.STRVAL IS NULL) OR "
-      L"(OA.ATTRTYPE = 3 AND CV.INTVAL IS NULL AND CV.DOUBLEVAL IS NULL AND CV.STRVAL IS NOT NULL))";
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID WHERE NOT " +
-                      rightColumn),
-            0);
+  EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE NOT " + kRightColumn), 0);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE OA JOIN CONCRETEVALUE CV ON CV.ID = "
-                      L"OA.CONCRETEVALUEID WHERE NOT " +
-                      rightColumn),
+                      L"OA.CONCRETEVALUEID WHERE NOT " + kRightColumn),
             0);
   // All three kinds per size: 11 (text), 21 (integer), 22 (double).
   for (int type = 1; type <= 3; ++type) {
-    EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                        L"AV.OBJECTATTRIBUTEID WHERE OA.ATTRTYPE = " +
-                        std::to_wstring(type)),
-              48)
-        << "type " << type;
+    EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE OA.ATTRTYPE = " + std::to_wstring(type)), 48) << "type " << type;
   }
 }
 
@@ -116,10 +118,7 @@ TEST_F(Generation, AttributeElevenHoldsEachSizesIdentifier) {
                         L"ATTRIBUTEDESCRIPTION D ON D.ID = OA.ATTRIBUTEDESCRIPTIONID WHERE OA.NUMBER = 11"),
             (std::vector<std::wstring>{
                 L"ID_specification|Идентификатор элемента (для идентификации и сортировки в спецификации)|3"}));
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID JOIN STANDARDSIZE "
-                      L"S ON S.ID = AV.STANDARDSIZEID WHERE OA.NUMBER = 11 AND CV.STRVAL = S.IDENTIFIER"),
-            48);
+  EXPECT_EQ(Sql().Int(kIdentifierValues), 48);
 }
 
 TEST_F(Generation, FormulasParseAndReadNumbersOfTheirTemplate) {
@@ -147,18 +146,11 @@ TEST_F(Generation, ManyValuesPerSizeAreWrittenWhole) {
   Generate(shape);
   EXPECT_EQ(Rows(L"ATTRIBUTEVALUE"), 3 * 71);
   EXPECT_EQ(Rows(L"CONCRETEVALUE"), 3 * 71);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID WHERE "
-                      L"(OA.ATTRTYPE = 1 AND CV.INTVAL IS NOT NULL) OR (OA.ATTRTYPE = 2 AND CV.DOUBLEVAL IS NOT "
-                      L"NULL) OR (OA.ATTRTYPE = 3 AND CV.STRVAL IS NOT NULL)"),
-            3 * 71);
+  EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE " + kRightColumn), 3 * 71);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT STANDARDSIZEID FROM ATTRIBUTEVALUE GROUP BY 1 "
                       L"HAVING COUNT(DISTINCT OBJECTATTRIBUTEID) = 71)"),
             3);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN OBJECTATTRIBUTE OA ON OA.ID = "
-                      L"AV.OBJECTATTRIBUTEID JOIN CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID JOIN STANDARDSIZE "
-                      L"S ON S.ID = AV.STANDARDSIZEID WHERE OA.NUMBER = 11 AND CV.STRVAL = S.IDENTIFIER"),
-            3);
+  EXPECT_EQ(Sql().Int(kIdentifierValues), 3);
 }
 
 TEST_F(Generation, TheSameSeedWritesTheSameCatalog) {
