@@ -19,7 +19,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <set>
 
 namespace {

@@ -10,9 +10,9 @@
 
 #include "ChildProcess.h"
 #include "DebugOutput.h"
-#include "TestCatalog.h"
 #include "LxDataAccess.h"
 #include "TempDir.h"
+#include "TestCatalog.h"
 #include "platform/TextCodec.h"
 
 namespace {
