@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "FakeDataSource.h"
+#include "FakeFormulaSource.h"
 #include "FormulaPrinter.h"
 #include "ValueAssertions.h"
 #include "formula/CLogicFormula.h"
@@ -14,9 +14,11 @@
 
 namespace {
 
+using lxtest::FakeFormulaSource;
+
 // Attribute 8 and the name "Нет" are deliberately missing: they read as empty.
-FakeDataSource MakeCatalogSource() {
-  return FakeDataSource(
+FakeFormulaSource MakeCatalogSource() {
+  return FakeFormulaSource(
       {
           {1, Value{7}},
           {2, Value{2}},
@@ -64,7 +66,7 @@ TEST_P(Evaluation, YieldsValue) {
   FormulaPtr tree = Parse(c.entry, c.text);
   ASSERT_NE(tree, nullptr);
   SCOPED_TRACE(Utf8(PrintFormula(tree.get())));
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   Value result{L"stale"};
   EXPECT_TRUE(SameValue(tree->Evaluate(result, source, kDefaultNumberFormat), c.expected));
   EXPECT_TRUE(SameValue(result, c.expected));
@@ -233,7 +235,7 @@ TEST_P(EvaluationFailure, ThrowsTheMessage) {
   const ThrowCase& c = GetParam();
   FormulaPtr tree = Parse(c.entry, c.text);
   ASSERT_NE(tree, nullptr);
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   Value result;
   try {
     tree->Evaluate(result, source, kDefaultNumberFormat);
@@ -284,7 +286,7 @@ TEST(EvaluationOrder, ReadsWhatEachNodeNeedsInOrder) {
   };
   for (const OrderCase& c : cases) {
     SCOPED_TRACE(Utf8(c.text));
-    FakeDataSource source = MakeCatalogSource();
+    FakeFormulaSource source = MakeCatalogSource();
     Value result;
     Parse(c.entry, c.text)->Evaluate(result, source, kDefaultNumberFormat);
     EXPECT_EQ(source.Reads(), c.reads);
@@ -292,7 +294,7 @@ TEST(EvaluationOrder, ReadsWhatEachNodeNeedsInOrder) {
 }
 
 TEST(EvaluationOrder, RoundEvaluatesEveryArgumentBeforeRefusingTheCount) {
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   Value result;
   EXPECT_THROW(ParseTextFormula(L"{R(A1,A2,A3)}")->Evaluate(result, source, kDefaultNumberFormat), FormulaError);
   EXPECT_EQ(source.Reads(), (std::vector<std::wstring>{L"A1", L"A2", L"A3"}));
@@ -315,14 +317,14 @@ TEST(EvaluationFormat, JoinedTextUsesTheCallersFormat) {
   };
   for (const FormatCase& c : cases) {
     SCOPED_TRACE(Utf8(c.text));
-    FakeDataSource source = MakeCatalogSource();
+    FakeFormulaSource source = MakeCatalogSource();
     Value result;
     EXPECT_TRUE(SameValue(ParseTextFormula(c.text)->Evaluate(result, source, c.format), c.expected));
   }
 }
 
 TEST(EvaluationFormat, ReachesTheDataSource) {
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   const NumberFormat format{true, 5};
   Value result;
   ParseTextFormula(L"{A1}{Длина}")->Evaluate(result, source, format);
@@ -346,13 +348,13 @@ TEST(WriteThrough, OnlyAReferenceByNumberPassesAWriteOn) {
   for (const WriteCase& c : cases) {
     SCOPED_TRACE(Utf8(c.text));
     FormulaPtr tree = ParseTextFormula(c.text);
-    FakeDataSource source = MakeCatalogSource();
+    FakeFormulaSource source = MakeCatalogSource();
     EXPECT_EQ(tree->CanEditValue(), c.canEdit);
     EXPECT_EQ(tree->SetValue(source, Value{42}), c.canEdit);
     EXPECT_EQ(source.Writes().size(), c.canEdit ? 1u : 0u);
   }
   FormulaPtr condition = ParseConditionFormula(L"A2 == 1", 0, 7);
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   EXPECT_FALSE(condition->CanEditValue());
   EXPECT_FALSE(condition->SetValue(source, Value{1}));
   EXPECT_TRUE(source.Writes().empty());
@@ -361,7 +363,7 @@ TEST(WriteThrough, OnlyAReferenceByNumberPassesAWriteOn) {
 TEST(WriteThrough, WritesTheValueToTheReferredNumberAndReportsTheSourcesAnswer) {
   FormulaPtr alias = ParseTextFormula(L"{A21}");
   for (const bool accepts : {true, false}) {
-    FakeDataSource source = MakeCatalogSource();
+    FakeFormulaSource source = MakeCatalogSource();
     source.SetAcceptsWrites(accepts);
     EXPECT_EQ(alias->SetValue(source, Value{L"new"}), accepts);
     ASSERT_EQ(source.Writes().size(), 1u);
@@ -372,7 +374,7 @@ TEST(WriteThrough, WritesTheValueToTheReferredNumberAndReportsTheSourcesAnswer) 
 
 TEST(Evaluation, ATreeGivesTheSameResultEveryTime) {
   FormulaPtr tree = ParseTextFormula(L"Болт М{A12}x{R(A5*A13, 1)}");
-  FakeDataSource source = MakeCatalogSource();
+  FakeFormulaSource source = MakeCatalogSource();
   Value first;
   Value second;
   tree->Evaluate(first, source, kDefaultNumberFormat);
@@ -413,7 +415,7 @@ std::wstring ChainOfOnes(int terms) {
 }
 
 TEST(NestingLimit, DeepButReasonableFormulasStillWork) {
-  FakeDataSource source;
+  FakeFormulaSource source;
   Value result;
   FormulaPtr tree = ParseTextFormula(ChainOfOnes(900));
   tree->Evaluate(result, source, kDefaultNumberFormat);

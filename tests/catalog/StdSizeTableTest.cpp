@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
+#include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
@@ -20,7 +20,7 @@ using Texts = std::vector<std::wstring>;
 
 constexpr const wchar_t* kIdDescription = L"Идентификатор элемента (для идентификации и сортировки в спецификации)";
 
-class TableSizes : public lxtest::ContentFixture {
+class TableSizes : public lxtest::TableFixture {
  protected:
   Texts StoredIdentifiers() { return Sql().Texts(L"SELECT IDENTIFIER FROM STANDARDSIZE ORDER BY ID"); }
   Texts StoredTemplateNames(std::int32_t folderId) {

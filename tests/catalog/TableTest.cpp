@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
+#include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "api/CallFrame.h"
 #include "api/Handles.h"
@@ -22,7 +22,7 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class TableColumns : public lxtest::ContentFixture {
+class TableColumns : public lxtest::TableFixture {
  protected:
   std::int32_t TemplateCount(std::int32_t folderId) {
     return Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));

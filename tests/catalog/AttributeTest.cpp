@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
+#include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
@@ -22,13 +22,13 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class Attributes : public lxtest::ContentFixture {
+class Attributes : public lxtest::TableFixture {
  protected:
   // "Болты": templates 501 (S1, S2) and 502 (S3) with the same plain
   // columns 21 "Длина", 22 "Шаг", 23 "Марка" and 24 "Пустой" of type 0; an
   // own value of S1 for 21. "Гайки" has a column 21 "Длина" of its own.
   void SetUp() override {
-    ContentFixture::SetUp();
+    TableFixture::SetUp();
     ASSERT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
     nuts_ = FolderId(L"Гайки");
     std::vector<std::wstring> rows{TemplateRow(501, L"Болт", folderId_), TemplateRow(502, L"Болт длинный", folderId_),

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
+#include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "api/CallFrame.h"
 #include "api/Handles.h"
@@ -21,7 +21,7 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class Templates : public lxtest::ContentFixture {
+class Templates : public lxtest::TableFixture {
  protected:
   // Template 501 "T" in "Болты": model 300, object type 2 (VENTBOX),
   // representation 5, columns 21 (integer, common value 10), 22 (text),

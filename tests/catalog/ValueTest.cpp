@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "ContentFixture.h"
+#include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CStandartSize.h"
@@ -23,12 +23,12 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class Values : public lxtest::ContentFixture {
+class Values : public lxtest::TableFixture {
  protected:
   // Template 501 "Болт" with S1, S2, S3 and the columns below; a folder
   // "Гайки" beside it with a column 21 of its own.
   void SetUp() override {
-    ContentFixture::SetUp();
+    TableFixture::SetUp();
     ASSERT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
     nuts_ = FolderId(L"Гайки");
     const AttributeRow rows[] = {
@@ -402,7 +402,7 @@ TEST_F(Values, ASizeOfAVirtualTableTakesValues) {
 }
 
 // Tables of one template made for a single test.
-class Shapes : public lxtest::ContentFixture {};
+class Shapes : public lxtest::TableFixture {};
 
 TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
