@@ -75,9 +75,7 @@ TEST_F(Attributes, GettersShowTheLoadedFields) {
   EXPECT_EQ(attribute_GetType(Column(L"Шаг")), 2);
   EXPECT_EQ(attribute_GetType(Column(L"Марка")), 3);
   EXPECT_EQ(attribute_GetType(Column(L"Пустой")), 0);
-  auto [name, writes] = Captured([] { return attribute_GetName(nullptr); });
-  EXPECT_EQ(name, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: attribute_GetName)"})});
+  EXPECT_FAILS(attribute_GetName(nullptr), "Передан нулевой указатель на объект attribute (fun: attribute_GetName)");
 }
 
 TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
@@ -95,27 +93,19 @@ TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
 
 TEST_F(Attributes, NullTextsFailWithoutAMessage) {
   LxAttribute* length = Column(L"Длина");
-  auto [set, writes] = Captured([&] {
-    return attribute_SetName(length, nullptr) || attribute_SetDescription(length, nullptr) ||
-           attribute_SetMeasure(length, nullptr) || attribute_SetVarName(length, nullptr) ||
-           attribute_SetFormula(length, nullptr);
-  });
-  EXPECT_FALSE(set);
-  EXPECT_TRUE(writes.empty());
-  auto [nullHandle, nullWrites] = Captured([] { return attribute_SetNumber(nullptr, 5); });
-  EXPECT_FALSE(nullHandle);
-  EXPECT_EQ(nullWrites, Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: attribute_SetNumber)"})});
+  EXPECT_FAILS(attribute_SetName(length, nullptr) || attribute_SetDescription(length, nullptr) ||
+               attribute_SetMeasure(length, nullptr) || attribute_SetVarName(length, nullptr) ||
+               attribute_SetFormula(length, nullptr));
+  EXPECT_FAILS(attribute_SetNumber(nullptr, 5),
+               "Передан нулевой указатель на объект attribute (fun: attribute_SetNumber)");
 }
 
 TEST_F(Attributes, SetNameRefusesEmptyAndTakenNames) {
   LxAttribute* length = Column(L"Длина");
-  auto [empty, emptyWrites] = Captured([&] { return attribute_SetName(length, L""); });
-  EXPECT_FALSE(empty);
-  EXPECT_EQ(emptyWrites, Writes{FlushText({"Имя не может быть пустым [CAttribute::_SetName]"})});
-  auto [taken, takenWrites] = Captured([&] { return attribute_SetName(length, L"Шаг"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(takenWrites, Writes{FlushText({"Не смогли задать атрибуту 'Длина' новое имя 'Шаг', т.к. уже есть такой "
-                                           "атрибут [CAttribute::_SetName]"})});
+  EXPECT_FAILS(attribute_SetName(length, L""), "Имя не может быть пустым [CAttribute::_SetName]");
+  EXPECT_FAILS(attribute_SetName(length, L"Шаг"),
+               "Не смогли задать атрибуту 'Длина' новое имя 'Шаг', т.к. уже есть такой "
+               "атрибут [CAttribute::_SetName]");
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
   EXPECT_STREQ(attribute_GetName(length), L"Длина");
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
@@ -140,13 +130,10 @@ TEST_F(Attributes, SetNameWritesTheRowOfEveryTemplateOfTheFolder) {
 
 TEST_F(Attributes, SetDescriptionRefusesEmptyAndTakenDescriptions) {
   LxAttribute* length = Column(L"Длина");
-  auto [empty, emptyWrites] = Captured([&] { return attribute_SetDescription(length, L""); });
-  EXPECT_FALSE(empty);
-  EXPECT_EQ(emptyWrites, Writes{FlushText({"Описание не может быть пустым [CAttribute::_SetDescription]"})});
-  auto [taken, takenWrites] = Captured([&] { return attribute_SetDescription(length, L"Шаг резьбы"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(takenWrites, Writes{FlushText({"Не смогли задать атрибуту 'Длина' новое описание 'Шаг резьбы', т.к. уже "
-                                           "есть атрибут с таким описанием [CAttribute::_SetDescription]"})});
+  EXPECT_FAILS(attribute_SetDescription(length, L""), "Описание не может быть пустым [CAttribute::_SetDescription]");
+  EXPECT_FAILS(attribute_SetDescription(length, L"Шаг резьбы"),
+               "Не смогли задать атрибуту 'Длина' новое описание 'Шаг резьбы', т.к. уже "
+               "есть атрибут с таким описанием [CAttribute::_SetDescription]");
   EXPECT_EQ(Stored(folderId_, 21, L"ad.DESCRIPTION"), (Texts{L"Длина болта", L"Длина болта"}));
   EXPECT_STREQ(attribute_GetDescription(length), L"Длина болта");
 }
@@ -165,10 +152,9 @@ TEST_F(Attributes, SetDescriptionWritesEveryTemplateAndKeepsTheOrder) {
 }
 
 TEST_F(Attributes, SetNumberRefusesATakenNumber) {
-  auto [taken, writes] = Captured([&] { return attribute_SetNumber(Column(L"Длина"), 22); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(writes, Writes{FlushText({"Не смогли задать атрибуту 'Длина' номер '22', т.к. уже есть атрибут с таким "
-                                      "номером [CAttribute::_SetNumber]"})});
+  EXPECT_FAILS(attribute_SetNumber(Column(L"Длина"), 22),
+               "Не смогли задать атрибуту 'Длина' номер '22', т.к. уже есть атрибут с таким "
+               "номером [CAttribute::_SetNumber]");
   EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), (Texts{L"Шаг", L"Шаг"}));
   EXPECT_EQ(attribute_GetNumber(Column(L"Длина")), 21);
 }
@@ -224,10 +210,9 @@ TEST_F(Attributes, SetMeasureTakesAnyTextIncludingNone) {
 }
 
 TEST_F(Attributes, SetVarNameRefusesATakenNameButNotAnEmptyOne) {
-  auto [taken, writes] = Captured([&] { return attribute_SetVarName(Column(L"Марка"), L"L"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(writes, Writes{FlushText({"Не смогли задать атрибуту 'Марка' имя переменной 'L', т.к. уже есть атрибут с "
-                                      "таким именем переменной [CAttribute::_SetVarName]"})});
+  EXPECT_FAILS(attribute_SetVarName(Column(L"Марка"), L"L"),
+               "Не смогли задать атрибуту 'Марка' имя переменной 'L', т.к. уже есть атрибут с "
+               "таким именем переменной [CAttribute::_SetVarName]");
   EXPECT_EQ(Stored(folderId_, 23, L"oa.VARNAME"), (Texts{L"", L""}));
   // Case counts, and any number of columns may have none.
   ASSERT_TRUE(attribute_SetVarName(Column(L"Марка"), L"l"));
@@ -245,14 +230,11 @@ TEST_F(Attributes, SetVarNameRefusesATakenNameButNotAnEmptyOne) {
 
 TEST_F(Attributes, SetTypeRefusesTypeZeroAndStoredValues) {
   LxAttribute* length = Column(L"Длина");
-  auto [zero, zeroWrites] = Captured([&] { return attribute_SetType(length, 0); });
-  EXPECT_FALSE(zero);
-  EXPECT_EQ(zeroWrites, Writes{FlushText({"Для атрибута задается неверный тип [CAttribute::_SetType]"})});
+  EXPECT_FAILS(attribute_SetType(length, 0), "Для атрибута задается неверный тип [CAttribute::_SetType]");
   // A freshly loaded record holds at least its type's default.
-  auto [stored, storedWrites] = Captured([&] { return attribute_SetType(Column(L"Марка"), 1); });
-  EXPECT_FALSE(stored);
-  EXPECT_EQ(storedWrites, Writes{FlushText({"Для атрибута нельзя сменить тип, т.к. в шаблоне хранится его значение "
-                                            "[CAttribute::_SetType]"})});
+  EXPECT_FAILS(attribute_SetType(Column(L"Марка"), 1),
+               "Для атрибута нельзя сменить тип, т.к. в шаблоне хранится его значение "
+               "[CAttribute::_SetType]");
   EXPECT_EQ(Stored(folderId_, 23, L"oa.ATTRTYPE"), (Texts{L"3", L"3"}));
   EXPECT_EQ(attribute_GetType(Column(L"Марка")), 3);
 }
@@ -261,10 +243,9 @@ TEST_F(Attributes, SetTypeNeedsEmptyRecordsAndNoOwnValues) {
   LxAttribute* blank = Column(L"Пустой");
   LxStdSize* s1 = Size(L"S1");
   ASSERT_TRUE(stdsize_SetValueI(s1, blank, 3));
-  auto [own, ownWrites] = Captured([&] { return attribute_SetType(blank, 1); });
-  EXPECT_FALSE(own);
-  EXPECT_EQ(ownWrites, Writes{FlushText({"Для атрибута нельзя сменить тип, т.к. в типоразмере хранится его значение "
-                                         "[CAttribute::_SetType]"})});
+  EXPECT_FAILS(attribute_SetType(blank, 1),
+               "Для атрибута нельзя сменить тип, т.к. в типоразмере хранится его значение "
+               "[CAttribute::_SetType]");
   EXPECT_EQ(Stored(folderId_, 24, L"oa.ATTRTYPE"), (Texts{L"0", L"0"}));
 
   ASSERT_TRUE(stdsize_RemoveValue(s1, blank));
@@ -316,9 +297,8 @@ TEST_F(Attributes, SetFormulaWritesEveryTemplateAndTheReadFollowsIt) {
 TEST_F(Attributes, AFormulaThatDoesNotParseChangesNothing) {
   LxAttribute* length = Column(L"Длина");
   ASSERT_TRUE(attribute_SetFormula(length, L"{A5}"));
-  auto [set, writes] = Captured([&] { return attribute_SetFormula(length, L"{A22+1"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Проблема при расшифровке формулы {A22+1 [CAttribute::_SetFormula]"})});
+  EXPECT_FAILS(attribute_SetFormula(length, L"{A22+1"),
+               "Проблема при расшифровке формулы {A22+1 [CAttribute::_SetFormula]");
   EXPECT_STREQ(attribute_GetFormula(length), L"{A5}");
   EXPECT_TRUE(attribute_CanEditForumalaValue(length));  // still the tree of {A5}
   EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"{A5}", L"{A5}"}));
@@ -392,10 +372,9 @@ TEST_F(VirtualAttributes, UnchangedValuesAndClashesComeBeforeTheRefusal) {
   });
   EXPECT_TRUE(same);
   EXPECT_TRUE(writes.empty());
-  auto [clash, clashWrites] = Captured([&] { return attribute_SetName(length_, L"Вычисл"); });
-  EXPECT_FALSE(clash);
-  EXPECT_EQ(clashWrites, Writes{FlushText({"Не смогли задать атрибуту 'Длина' новое имя 'Вычисл', т.к. уже есть такой "
-                                           "атрибут [CAttribute::_SetName]"})});
+  EXPECT_FAILS(attribute_SetName(length_, L"Вычисл"),
+               "Не смогли задать атрибуту 'Длина' новое имя 'Вычисл', т.к. уже есть такой "
+               "атрибут [CAttribute::_SetName]");
 }
 
 TEST_F(VirtualAttributes, EveryWriteIsRefusedWithTwoMessages) {

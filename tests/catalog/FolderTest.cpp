@@ -46,12 +46,8 @@ TEST_F(Folders, AddWritesTheRowUnderItsParent) {
 
 TEST_F(Folders, AddRefusesEmptyAndTakenNamesButNotAnotherCase) {
   folder_AddChildFolder(root_, L"Отводы");
-  auto [empty, emptyWrites] = Captured([&] { return folder_AddChildFolder(root_, L""); });
-  EXPECT_EQ(empty, nullptr);
-  EXPECT_EQ(emptyWrites, Writes{FlushText({"Имя фолдера не может быть пустым [CFolder::_AddChildFolder]"})});
-  auto [taken, takenWrites] = Captured([&] { return folder_AddChildFolder(root_, L"Отводы"); });
-  EXPECT_EQ(taken, nullptr);
-  EXPECT_EQ(takenWrites, Writes{FlushText({"Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]"})});
+  EXPECT_FAILS(folder_AddChildFolder(root_, L""), "Имя фолдера не может быть пустым [CFolder::_AddChildFolder]");
+  EXPECT_FAILS(folder_AddChildFolder(root_, L"Отводы"), "Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]");
   EXPECT_NE(folder_AddChildFolder(root_, L"ОТВОДЫ"), nullptr);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
 }
@@ -67,9 +63,7 @@ TEST_F(Folders, RenameRootLeavesThePacketName) {
 TEST_F(Folders, RenameChecksSiblingsButAllowsAnEmptyName) {
   LxFolder* a = folder_AddChildFolder(root_, L"А");
   folder_AddChildFolder(root_, L"Б");
-  auto [taken, writes] = Captured([&] { return folder_SetName(a, L"Б"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(writes, Writes{FlushText({"Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]"})});
+  EXPECT_FAILS(folder_SetName(a, L"Б"), "Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]");
   EXPECT_TRUE(folder_SetName(a, L""));
   EXPECT_EQ(StoredParentOf(L""), StoredId(L"Пакет"));
 }
@@ -86,13 +80,9 @@ TEST_F(Folders, RenameToTheSameNameTouchesNothing) {
 TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
   LxFolder* outer = folder_AddChildFolder(root_, L"Внешний");
   LxFolder* inner = folder_AddChildFolder(outer, L"Внутренний");
-  auto [stranger, strangerWrites] = Captured([&] { return folder_DeleteChildFolder(root_, inner); });
-  EXPECT_FALSE(stranger);
-  EXPECT_EQ(strangerWrites,
-            Writes{FlushText({"Фолдер не соответствует своему родителю [CFolder::_DeleteChildFolder]"})});
-  auto [parent, parentWrites] = Captured([&] { return folder_DeleteChildFolder(root_, outer); });
-  EXPECT_FALSE(parent);
-  EXPECT_EQ(parentWrites, Writes{FlushText({"Фолдер имеет сабфолдеры [CFolder::_DeleteChildFolder]"})});
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, inner),
+               "Фолдер не соответствует своему родителю [CFolder::_DeleteChildFolder]");
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, outer), "Фолдер имеет сабфолдеры [CFolder::_DeleteChildFolder]");
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
 
   // Bottom up works.
@@ -123,9 +113,7 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
   folder_AddChildFolder(b, L"А");
 
   auto expectRefusal = [&](LxFolder* folder, LxFolder* target, const std::string& message) {
-    auto [moved, writes] = Captured([&] { return folder_MoveTo(folder, target); });
-    EXPECT_FALSE(moved) << message;
-    EXPECT_EQ(writes, Writes{FlushText({message + " [CFolder::_MoveTo]"})});
+    EXPECT_FAILS(folder_MoveTo(folder, target), message + " [CFolder::_MoveTo]") << message;
   };
   expectRefusal(root_, a, "Корневой фолдер нельзя переносить");
   expectRefusal(root_, root_, "Корневой фолдер нельзя переносить");
@@ -163,25 +151,16 @@ TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
 TEST_F(Folders, ChildIndexOutOfRangeReports) {
   folder_AddChildFolder(root_, L"А");
   for (int32_t index : {-1, 1}) {
-    auto [child, writes] = Captured([&] { return folder_GetChildFolder(root_, index); });
-    EXPECT_EQ(child, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
-                                        " выходит за пределы диапазона [0, 1) [CFolder::_GetChildFolder]"})});
+    EXPECT_FAILS(folder_GetChildFolder(root_, index),
+                 "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 1) [CFolder::_GetChildFolder]");
   }
 }
 
 TEST_F(Folders, NullHandlesAreNamedPerArgument) {
-  auto [moved, writes] = Captured([&] { return folder_MoveTo(root_, nullptr); });
-  EXPECT_FALSE(moved);
-  EXPECT_EQ(writes, Writes{FlushText({"Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)"})});
-  auto [deleted, deleteWrites] = Captured([&] { return folder_DeleteChildFolder(root_, nullptr); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(deleteWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)"})});
-  auto [isVirtual, virtualWrites] = Captured([] { return folder_IsVirtual(nullptr); });
-  EXPECT_FALSE(isVirtual);
-  EXPECT_EQ(virtualWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект folder (fun: folder_IsVirtual)"})});
+  EXPECT_FAILS(folder_MoveTo(root_, nullptr), "Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)");
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, nullptr),
+               "Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)");
+  EXPECT_FAILS(folder_IsVirtual(nullptr), "Передан нулевой указатель на объект folder (fun: folder_IsVirtual)");
 }
 
 TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {

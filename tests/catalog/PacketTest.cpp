@@ -41,17 +41,14 @@ TEST_F(Packets, AddWritesThePacketAndItsRootFolder) {
 TEST_F(Packets, NamesClashExactlyAndCaseCounts) {
   ASSERT_NE(provider_AddPacket(provider_, L"Трубы"), nullptr);
   EXPECT_NE(provider_AddPacket(provider_, L"ТРУБЫ"), nullptr);
-  auto [again, writes] = Captured([&] { return provider_AddPacket(provider_, L"Трубы"); });
-  EXPECT_EQ(again, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Нельзя создать пакет, т.к. пакет с именем 'Трубы' уже существует "
-                                      "[CDataProvider::_AddPacket]"})});
+  EXPECT_FAILS(provider_AddPacket(provider_, L"Трубы"),
+               "Нельзя создать пакет, т.к. пакет с именем 'Трубы' уже существует "
+               "[CDataProvider::_AddPacket]");
   EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"Трубы", L"ТРУБЫ"}));
 }
 
 TEST_F(Packets, EmptyNameIsRefused) {
-  auto [packet, writes] = Captured([&] { return provider_AddPacket(provider_, L""); });
-  EXPECT_EQ(packet, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Нельзя создать пакет с пустым именем [CDataProvider::_AddPacket]"})});
+  EXPECT_FAILS(provider_AddPacket(provider_, L""), "Нельзя создать пакет с пустым именем [CDataProvider::_AddPacket]");
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM PACKET"), 0);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 0);
 }
@@ -82,13 +79,10 @@ TEST_F(Packets, RenameRefusalsComeInOrder) {
   auto [empty, emptyWrites] = Captured([&] { return packet_SetName(first, L""); });
   EXPECT_FALSE(empty);
   EXPECT_EQ(emptyWrites, Writes{FlushText({"Имя пакета не может быть нулевым [CDataProvider::_ReNamePacket]"})});
-  auto [taken, takenWrites] = Captured([&] { return packet_SetName(first, L"Второй"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(takenWrites, Writes{FlushText({"Нельзя переименовать пакет, т.к. пакет с именем 'Второй' уже существует "
-                                           "[CDataProvider::_ReNamePacket]"})});
-  auto [null, nullWrites] = Captured([&] { return packet_SetName(first, nullptr); });
-  EXPECT_FALSE(null);
-  EXPECT_TRUE(nullWrites.empty());
+  EXPECT_FAILS(packet_SetName(first, L"Второй"),
+               "Нельзя переименовать пакет, т.к. пакет с именем 'Второй' уже существует "
+               "[CDataProvider::_ReNamePacket]");
+  EXPECT_FAILS(packet_SetName(first, nullptr));
   EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"Первый", L"Второй"}));
 }
 

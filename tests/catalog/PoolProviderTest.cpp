@@ -63,10 +63,9 @@ TEST_F(PoolProviders, DeletingAProviderMovesTheFollowingDown) {
 
 TEST_F(PoolProviders, ProviderOfAnotherPoolIsNotDeleted) {
   LxProviderPool* other = lxAddLibraryProviderPool(L"PoolProvidersOther", L"/other.ulb");
-  auto [deleted, writes] = Captured([&] { return pool_DeleteProvider(other, provider_); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes, Writes{FlushText({"Не найден провайдер среди списка доступных провайдеров "
-                                      "[CProviderPool::_DeleteProvider]"})});
+  EXPECT_FAILS(pool_DeleteProvider(other, provider_),
+               "Не найден провайдер среди списка доступных провайдеров "
+               "[CProviderPool::_DeleteProvider]");
   EXPECT_STREQ(provider_GetDatabaseName(provider_), database_.c_str()) << "the provider still lives";
   lxDeleteProviderPool(other);
 }

@@ -124,9 +124,7 @@ TEST_F(TableSizes, EmptyAndNullIdentifiersAreRefused) {
   EXPECT_EQ(empty, nullptr);
   EXPECT_EQ(writes,
             Writes{FlushText({"Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]"})});
-  auto [null, nullWrites] = Captured([&] { return table_AddStdSize(table_, nullptr); });
-  EXPECT_EQ(null, nullptr);
-  EXPECT_TRUE(nullWrites.empty());
+  EXPECT_FAILS(table_AddStdSize(table_, nullptr));
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
 }
@@ -139,9 +137,7 @@ TEST_F(TableSizes, FindStdSizeIsExact) {
     EXPECT_EQ(found, nullptr) << other;
     EXPECT_TRUE(writes.empty());
   }
-  auto [null, writes] = Captured([&] { return table_FindStdSize(table_, nullptr); });
-  EXPECT_EQ(null, nullptr);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(table_FindStdSize(table_, nullptr));
   // Only this table is searched.
   LxFolderTable* other = folder_GetTable(folder_AddChildFolder(root_, L"Гайки"));
   EXPECT_EQ(table_FindStdSize(other, L"M5"), nullptr);
@@ -161,9 +157,8 @@ TEST_F(TableSizes, SizesAreIndexedThroughTheTemplatesInOrder) {
     EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
                                         " выходит за пределы диапазона [0, 3) [CFolderTable::_GetStdSize]"})});
   }
-  auto [none, writes] = Captured([&] { return table_GetStdSize(folder_GetTable(root_), 0); });
-  EXPECT_EQ(none, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Индекс 0 выходит за пределы диапазона [0, 0) [CFolderTable::_GetStdSize]"})});
+  EXPECT_FAILS(table_GetStdSize(folder_GetTable(root_), 0),
+               "Индекс 0 выходит за пределы диапазона [0, 0) [CFolderTable::_GetStdSize]");
 }
 
 TEST_F(TableSizes, DeletingTheLastSizeKeepsItsTemplate) {
@@ -206,15 +201,12 @@ TEST_F(TableSizes, ASizeOfAnotherTableIsRefused) {
   LxStdSize* stranger = table_AddStdSize(folder_GetTable(folder_AddChildFolder(root_, L"Гайки")), L"Г1");
   ASSERT_NE(stranger, nullptr);
   ASSERT_NE(table_AddStdSize(table_, L"Б1"), nullptr);
-  auto [deleted, writes] = Captured([&] { return table_DeleteStdSize(table_, stranger); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes, Writes{FlushText({"Типоразмер не соответствует своему родителю [CFolderTable::_DeleteStdSize]"})});
+  EXPECT_FAILS(table_DeleteStdSize(table_, stranger),
+               "Типоразмер не соответствует своему родителю [CFolderTable::_DeleteStdSize]");
   EXPECT_EQ(StoredIdentifiers(), (Texts{L"Г1", L"Б1"}));
   EXPECT_STREQ(stdsize_GetID(stranger), L"Г1");
-  auto [null, nullWrites] = Captured([&] { return table_DeleteStdSize(table_, nullptr); });
-  EXPECT_FALSE(null);
-  EXPECT_EQ(nullWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект stdSize (fun: table_DeleteStdSize)"})});
+  EXPECT_FAILS(table_DeleteStdSize(table_, nullptr),
+               "Передан нулевой указатель на объект stdSize (fun: table_DeleteStdSize)");
 }
 
 TEST_F(TableSizes, AFailedSizeRowLeavesTheCommittedTemplateAndColumn) {
@@ -252,10 +244,9 @@ TEST_F(TableSizes, AFailedSizeRowLeavesTheCommittedTemplateAndColumn) {
 TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
   // A column that has the name but not the number 11 is in the way.
   ASSERT_NE(table_AddAttribute(table_, L"ID_specification", L"Чужой", 3), nullptr);
-  auto [size, writes] = Captured([&] { return table_AddStdSize(table_, L"M5"); });
-  EXPECT_EQ(size, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут с таким именем есть: ID_specification [CFolderTable::_AddAttribute]",
-                                      "Не смогли создать 11й атрибут [CFolderTable::_AddStdSize]"})});
+  EXPECT_FAILS(table_AddStdSize(table_, L"M5"),
+               "Атрибут с таким именем есть: ID_specification [CFolderTable::_AddAttribute]",
+               "Не смогли создать 11й атрибут [CFolderTable::_AddStdSize]");
   EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"M5"}));
   EXPECT_EQ(Stored(folderId_, 11, L"oa.ID"), Texts{});
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));

@@ -302,9 +302,7 @@ TEST_F(ObjectTypes, TheFirstNewTextRepairsTheGenerator) {
 }
 
 TEST_F(ObjectTypes, ANullTextFailsWithoutAMessage) {
-  auto [set, writes] = Captured([&] { return stdsize_SetType(Size(L"S1"), nullptr); });
-  EXPECT_FALSE(set);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(stdsize_SetType(Size(L"S1"), nullptr));
   EXPECT_STREQ(stdsize_GetType(Size(L"S1")), L"VENTBOX");
 }
 
@@ -316,10 +314,9 @@ TEST_F(Templates, AVirtualTableRefusesATypeWithTwoMessages) {
   ReloadAndWalk();
   LxStdSize* size = packet_FindStdSize(packet_, L"В1");
   ASSERT_NE(size, nullptr);
-  auto [set, writes] = Captured([&] { return stdsize_SetType(size, L"ELEMENT"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Для виртуальных фолдеров нелья задать тип [TableOperation::SetTemplateType]",
-                                      "Проблема задания типа типоразмера в базе [CStandartSize::_SetType]"})});
+  EXPECT_FAILS(stdsize_SetType(size, L"ELEMENT"),
+               "Для виртуальных фолдеров нелья задать тип [TableOperation::SetTemplateType]",
+               "Проблема задания типа типоразмера в базе [CStandartSize::_SetType]");
   EXPECT_STREQ(stdsize_GetType(size), L"SEGMENT");
   EXPECT_EQ(Sql().Int(L"SELECT OBJECTTYPEID FROM OBJECT WHERE ID = 701"), 1);
 }

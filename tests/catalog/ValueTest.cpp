@@ -141,9 +141,7 @@ TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
   ValueView view{};
   view.index = LX_VALUE_INT;
   view.payload.integer = 77;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view));
   EXPECT_EQ(view.index, LX_VALUE_EMPTY);
   EXPECT_EQ(view.payload.integer, 0);
   // An own value counts whatever the column's type.
@@ -158,21 +156,17 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
   view.index = LX_VALUE_STRING;
   view.payload.text = L"stale";
   view.length = 5;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(s1_, stranger_, nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_GetValue]"})});
+  EXPECT_FAILS(stdsize_GetValue(s1_, stranger_, nullptr, &view),
+               "Атрибут не соответствует своему родителю [CFolderTable::_GetValue]");
   EXPECT_EQ(view.index, LX_VALUE_EMPTY);
   EXPECT_EQ(view.payload.text, nullptr);
   EXPECT_EQ(view.length, 0u);
 
   const std::int32_t rows = ValueRows();
-  auto [set, setWrites] = Captured([&] { return stdsize_SetValueI(s1_, stranger_, 5); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(setWrites, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, stranger_); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites,
-            Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, stranger_, 5),
+               "Атрибут не соответствует своему родителю [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, stranger_),
+               "Атрибут не соответствует своему родителю [CFolderTable::_RemoveValue]");
   EXPECT_EQ(ValueRows(), rows);
   EXPECT_EQ(Shown(s1_, Column(L"Длина")), L"i:10");
 }
@@ -190,9 +184,7 @@ TEST_F(Values, GetValueByNameIgnoresCase) {
   for (const wchar_t* name : {L"Нет такого", L"", static_cast<const wchar_t*>(nullptr)}) {
     view.index = LX_VALUE_INT;
     view.payload.integer = 1;
-    auto [read, writes] = Captured([&] { return stdsize_GetValueByName(s2_, name, nullptr, &view); });
-    EXPECT_FALSE(read);
-    EXPECT_TRUE(writes.empty());
+    EXPECT_FAILS(stdsize_GetValueByName(s2_, name, nullptr, &view));
     if (name != nullptr) {
       EXPECT_EQ(view.index, LX_VALUE_EMPTY);
       EXPECT_EQ(view.payload.integer, 0);
@@ -269,17 +261,12 @@ TEST_F(Values, EachSetterWritesItsOwnColumn) {
 
 TEST_F(Values, CalculatedColumnsRefuseWritesAndRemovals) {
   const std::int32_t rows = ValueRows();
-  auto [set, writes] = Captured([&] { return stdsize_SetValueI(s1_, Column(L"Сумма"), 1); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
-  auto [text, textWrites] = Captured([&] { return stdsize_SetValueS(s1_, Column(L"Подпись"), L"x"); });
-  EXPECT_FALSE(text);
-  EXPECT_EQ(textWrites,
-            Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, Column(L"Подпись")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites,
-            Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, Column(L"Сумма"), 1),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Подпись"), L"x"),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, Column(L"Подпись")),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]");
   EXPECT_EQ(ValueRows(), rows);
   EXPECT_EQ(StoredSizeValues(folderId_, 27), Texts{L"S1=||своё"});
   EXPECT_TRUE(Obj(s1_)->Values().at(27) == Value(std::wstring(L"своё")));
@@ -290,22 +277,20 @@ TEST_F(Values, AFormulaThatDidNotParseReadsPlainButIsRefusedAsCalculated) {
   EXPECT_STREQ(attribute_GetFormula(broken), L"{A21");
   EXPECT_TRUE(attribute_CanEditForumalaValue(broken));
   EXPECT_EQ(ShownByAll(L"Сломанная"), (Texts{L"s:как есть", L"s:как есть", L"s:как есть"}));
-  auto [set, writes] = Captured([&] { return stdsize_SetValueS(s1_, broken, L"другое"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
+  EXPECT_FAILS(stdsize_SetValueS(s1_, broken, L"другое"),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
   EXPECT_NE(StoredCommonValue(30), L"<null>");
 }
 
 TEST_F(Values, AWriteAfterTheTemplateLostItsRowChangesNothing) {
   Sql().Execute(L"DELETE FROM OBJECTATTRIBUTE WHERE OBJECTID = 501 AND NUMBER = 21");
-  auto [set, writes] = Captured([&] { return stdsize_SetValueI(s1_, Column(L"Длина"), 5); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Почему-то не нашли атрибут у темплейта "
-                                      "[TableOperation::MoveValueFromAtrToTemplateStd]",
-                                      "Проблема при перемещении значения из атрибута в типоразмеры "
-                                      "[TableOperation::SetValue]",
-                                      "Проблема при задании нового значения:\nfolder = Болты\ntemplate = Болт\n"
-                                      "stdSize = S1\natr = Длина\nintVal = 5 [CFolderTable::_SetValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, Column(L"Длина"), 5),
+               "Почему-то не нашли атрибут у темплейта "
+               "[TableOperation::MoveValueFromAtrToTemplateStd]",
+               "Проблема при перемещении значения из атрибута в типоразмеры "
+               "[TableOperation::SetValue]",
+               "Проблема при задании нового значения:\nfolder = Болты\ntemplate = Болт\n"
+               "stdSize = S1\natr = Длина\nintVal = 5 [CFolderTable::_SetValue]");
   auto [text, textWrites] = Captured([&] { return stdsize_SetValueS(s2_, Column(L"Длина"), L"пять"); });
   EXPECT_FALSE(text);
   ASSERT_EQ(textWrites.size(), 1u);
@@ -313,14 +298,13 @@ TEST_F(Values, AWriteAfterTheTemplateLostItsRowChangesNothing) {
                                "stdSize = S2\natr = Длина\nstrVal = пять [CFolderTable::_SetValue]\n"),
             std::string::npos)
       << textWrites[0];
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s3_, Column(L"Длина")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites, Writes{FlushText({"Почему-то не нашли атрибут у темплейта "
-                                            "[TableOperation::MoveValueFromAtrToTemplateStd]",
-                                            "Проблема при перемещении значения из атрибута в типоразмеры "
-                                            "[TableOperation::RemoveValue]",
-                                            "Проблема при удалении значения:\nfolder = Болты\ntemplate = Болт\n"
-                                            "stdSize = S3\natr = Длина [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_RemoveValue(s3_, Column(L"Длина")),
+               "Почему-то не нашли атрибут у темплейта "
+               "[TableOperation::MoveValueFromAtrToTemplateStd]",
+               "Проблема при перемещении значения из атрибута в типоразмеры "
+               "[TableOperation::RemoveValue]",
+               "Проблема при удалении значения:\nfolder = Болты\ntemplate = Болт\n"
+               "stdSize = S3\natr = Длина [CFolderTable::_RemoveValue]");
   EXPECT_EQ(StoredSizeValues(folderId_, 21), Texts{});
   EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:10", L"i:10", L"i:10"}));
 }
@@ -329,41 +313,29 @@ TEST_F(Values, ASizeWhoseTemplateLacksTheColumnIsRefused) {
   // No export leaves a template without a column's record; take it out of
   // memory to reach the check.
   Obj(s1_)->GetTemplate()->EraseRecord(25);
-  auto [set, writes] = Captured([&] { return stdsize_SetValueD(s1_, Column(L"Шаг"), 1.0); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Не смогли найти атрибут у типоразмера [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, Column(L"Шаг")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites, Writes{FlushText({"Не смогли найти атрибут у типоразмера [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueD(s1_, Column(L"Шаг"), 1.0),
+               "Не смогли найти атрибут у типоразмера [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, Column(L"Шаг")),
+               "Не смогли найти атрибут у типоразмера [CFolderTable::_RemoveValue]");
   EXPECT_EQ(StoredSizeValues(folderId_, 25), Texts{});
 }
 
 TEST_F(Values, NullHandlesAndTextsAreRefusedByTheFrame) {
   LxAttribute* length = Column(L"Длина");
-  auto [noSize, sizeWrites] = Captured([&] { return stdsize_SetValueI(nullptr, length, 1); });
-  EXPECT_FALSE(noSize);
-  EXPECT_EQ(sizeWrites, Writes{FlushText({"Передан нулевой указатель на объект stdSize (fun: stdsize_SetValueI)"})});
-  auto [noColumn, columnWrites] = Captured([&] { return stdsize_RemoveValue(s1_, nullptr); });
-  EXPECT_FALSE(noColumn);
-  EXPECT_EQ(columnWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: stdsize_RemoveValue)"})});
+  EXPECT_FAILS(stdsize_SetValueI(nullptr, length, 1),
+               "Передан нулевой указатель на объект stdSize (fun: stdsize_SetValueI)");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, nullptr),
+               "Передан нулевой указатель на объект attribute (fun: stdsize_RemoveValue)");
   ValueView view{};
-  auto [noRead, readWrites] = Captured([&] { return stdsize_GetValue(s1_, nullptr, nullptr, &view); });
-  EXPECT_FALSE(noRead);
-  EXPECT_EQ(readWrites, Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: stdsize_GetValue)"})});
-  auto [noText, textWrites] = Captured([&] { return stdsize_SetValueS(s1_, Column(L"Марка"), nullptr); });
-  EXPECT_FALSE(noText);
-  EXPECT_TRUE(textWrites.empty());
+  EXPECT_FAILS(stdsize_GetValue(s1_, nullptr, nullptr, &view),
+               "Передан нулевой указатель на объект attribute (fun: stdsize_GetValue)");
+  EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Марка"), nullptr));
   EXPECT_NE(StoredCommonValue(23), L"<null>");
 }
 
 TEST_F(Values, TheIdentifierCannotBeSet) {
-  auto [set, writes] = Captured([&] { return stdsize_SetID(s1_, L"S9"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_SetID) Неизвестное исключение"})});
-  auto [null, nullWrites] = Captured([&] { return stdsize_SetID(s1_, nullptr); });
-  EXPECT_FALSE(null);
-  EXPECT_TRUE(nullWrites.empty());
+  EXPECT_FAILS(stdsize_SetID(s1_, L"S9"), " (fun: stdsize_SetID) Неизвестное исключение");
+  EXPECT_FAILS(stdsize_SetID(s1_, nullptr));
   EXPECT_STREQ(stdsize_GetID(s1_), L"S1");
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = 'S1'"), 1);
 }
@@ -377,9 +349,8 @@ TEST_F(Values, AttributeNamesFollowTheTemplatesRecords) {
   EXPECT_STREQ(stdsize_GetAttributeName(s1_, 0), L"Длина, мм");
   EXPECT_STREQ(attribute_GetName(table_GetAttribute(table_, 9)), L"Длина, мм");
   for (int32_t index : {10, -1}) {
-    auto [name, writes] = Captured([&] { return stdsize_GetAttributeName(s1_, index); });
-    EXPECT_EQ(name, nullptr) << index;
-    EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_GetAttributeName) Неизвестное исключение"})});
+    EXPECT_FAILS(stdsize_GetAttributeName(s1_, index), " (fun: stdsize_GetAttributeName) Неизвестное исключение")
+        << index;
   }
 }
 
@@ -423,9 +394,8 @@ TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
   ValueView view{};
   view.index = LX_VALUE_INT;
   view.payload.integer = 5;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_GetValue) Неизвестное исключение"})});
+  EXPECT_FAILS(stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view),
+               " (fun: stdsize_GetValue) Неизвестное исключение");
   EXPECT_EQ(view.index, LX_VALUE_EMPTY);
   EXPECT_EQ(view.payload.integer, 0);
   EXPECT_EQ(Shown(Size(L"S1"), Column(L"Длина")), L"i:10");

@@ -30,4 +30,24 @@ inline std::string FlushText(const std::vector<std::string>& messages) {
   return text;
 }
 
+// What one flush of these messages writes; no messages write nothing.
+inline Writes Flushed(const std::vector<std::string>& messages) {
+  return messages.empty() ? Writes{} : Writes{FlushText(messages)};
+}
+
+// The writes of a call that is meant to fail. A result that is not null,
+// false or 0 comes first as "<did not fail>", so that no comparison with
+// expected messages passes.
+template <typename Action>
+Writes FailureWrites(Action&& action) {
+  auto [result, writes] = Captured(action);
+  if (result) writes.insert(writes.begin(), "<did not fail>");
+  return writes;
+}
+
 }  // namespace lxtest
+
+// Expects `call` to fail and to write exactly these messages in one flush,
+// or nothing when none are given.
+#define EXPECT_FAILS(call, ...) \
+  EXPECT_EQ(::lxtest::FailureWrites([&] { return call; }), ::lxtest::Flushed({__VA_ARGS__}))
