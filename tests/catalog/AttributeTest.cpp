@@ -8,21 +8,14 @@
 #include <vector>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CTemplate.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class Attributes : public lxtest::TableFixture {
+class Attributes : public TableFixture {
  protected:
   // "Болты": templates 501 (S1, S2) and 502 (S3) with the same plain
   // columns 21 "Длина", 22 "Шаг", 23 "Марка" and 24 "Пустой" of type 0; an
@@ -423,3 +416,4 @@ TEST_F(VirtualAttributes, EveryWriteIsRefusedWithTwoMessages) {
 }
 
 }  // namespace
+}  // namespace lxtest

@@ -1,15 +1,11 @@
 // The basic load: packets and folder trees as stored, including shapes the
 // interface cannot make, and what a reload brings back.
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-class CatalogLoad : public lxtest::CatalogFixture {
+class CatalogLoad : public CatalogFixture {
  protected:
   std::wstring Describe(LxFolder* folder) {
     std::wstring text = folder_GetName(folder);
@@ -116,3 +112,4 @@ TEST_F(CatalogLoad, OneDatabaseInTwoPoolsIsReloadedInBoth) {
 }
 
 }  // namespace
+}  // namespace lxtest

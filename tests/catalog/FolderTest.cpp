@@ -3,15 +3,11 @@
 #include <filesystem>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-class Folders : public lxtest::CatalogFixture {
+class Folders : public CatalogFixture {
  protected:
   void SetUp() override {
     packet_ = provider_AddPacket(provider_, L"Пакет");
@@ -70,9 +66,9 @@ TEST_F(Folders, RenameChecksSiblingsButAllowsAnEmptyName) {
 
 TEST_F(Folders, RenameToTheSameNameTouchesNothing) {
   LxFolder* child = folder_AddChildFolder(root_, L"Тот же");
-  std::filesystem::rename(lxtest::Path(database_), lxtest::Path(database_ + L".away"));
+  std::filesystem::rename(Path(database_), Path(database_ + L".away"));
   auto [renamed, writes] = Captured([&] { return folder_SetName(child, L"Тот же"); });
-  std::filesystem::rename(lxtest::Path(database_ + L".away"), lxtest::Path(database_));
+  std::filesystem::rename(Path(database_ + L".away"), Path(database_));
   EXPECT_TRUE(renamed);
   EXPECT_TRUE(writes.empty());
 }
@@ -129,9 +125,9 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
 
 TEST_F(Folders, MoveToThePresentParentIsAQuietSuccess) {
   LxFolder* a = folder_AddChildFolder(root_, L"А");
-  std::filesystem::rename(lxtest::Path(database_), lxtest::Path(database_ + L".away"));
+  std::filesystem::rename(Path(database_), Path(database_ + L".away"));
   auto [moved, writes] = Captured([&] { return folder_MoveTo(a, root_); });
-  std::filesystem::rename(lxtest::Path(database_ + L".away"), lxtest::Path(database_));
+  std::filesystem::rename(Path(database_ + L".away"), Path(database_));
   EXPECT_TRUE(moved);
   EXPECT_TRUE(writes.empty());
 }
@@ -171,3 +167,4 @@ TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {
 }
 
 }  // namespace
+}  // namespace lxtest

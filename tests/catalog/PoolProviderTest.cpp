@@ -4,15 +4,11 @@
 #include <cwctype>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-class PoolProviders : public lxtest::CatalogFixture {
+class PoolProviders : public CatalogFixture {
  protected:
   LxDataProvider* AttachAs(const std::wstring& path, const std::wstring& user, const std::wstring& password) {
     return pool_AddProvider(pool_, connection_.server.c_str(), path.c_str(), user.c_str(), password.c_str());
@@ -104,3 +100,4 @@ TEST_F(PoolProviders, FindPacketLooksThroughEveryProviderWithoutLoading) {
 }
 
 }  // namespace
+}  // namespace lxtest

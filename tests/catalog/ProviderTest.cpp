@@ -3,16 +3,12 @@
 #include <filesystem>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 #include "platform/TextCodec.h"
 
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-class Provider : public lxtest::CatalogFixture {};
+class Provider : public CatalogFixture {};
 
 TEST_F(Provider, KeepsItsConnectionStrings) {
   ASSERT_NE(provider_, nullptr);
@@ -120,3 +116,4 @@ TEST_F(Provider, NullProviderIsNamedDataProvider) {
 }
 
 }  // namespace
+}  // namespace lxtest

@@ -5,22 +5,15 @@
 #include <vector>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 constexpr const wchar_t* kIdDescription = L"Идентификатор элемента (для идентификации и сортировки в спецификации)";
 
-class TableSizes : public lxtest::TableFixture {
+class TableSizes : public TableFixture {
  protected:
   Texts StoredIdentifiers() { return Sql().Texts(L"SELECT IDENTIFIER FROM STANDARDSIZE ORDER BY ID"); }
   Texts StoredTemplateNames(std::int32_t folderId) {
@@ -120,10 +113,8 @@ TEST_F(TableSizes, ATemplateNameIsMadeFreeInItsTableOnly) {
 }
 
 TEST_F(TableSizes, EmptyAndNullIdentifiersAreRefused) {
-  auto [empty, writes] = Captured([&] { return table_AddStdSize(table_, L""); });
-  EXPECT_EQ(empty, nullptr);
-  EXPECT_EQ(writes,
-            Writes{FlushText({"Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]"})});
+  EXPECT_FAILS(table_AddStdSize(table_, L""),
+               "Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]");
   EXPECT_FAILS(table_AddStdSize(table_, nullptr));
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
@@ -133,9 +124,7 @@ TEST_F(TableSizes, FindStdSizeIsExact) {
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   EXPECT_EQ(table_FindStdSize(table_, L"M5"), size);
   for (const wchar_t* other : {L"m5", L"M5 ", L"M", L"М5" /* Cyrillic М */}) {
-    auto [found, writes] = Captured([&] { return table_FindStdSize(table_, other); });
-    EXPECT_EQ(found, nullptr) << other;
-    EXPECT_TRUE(writes.empty());
+    EXPECT_FAILS(table_FindStdSize(table_, other)) << other;
   }
   EXPECT_FAILS(table_FindStdSize(table_, nullptr));
   // Only this table is searched.
@@ -152,10 +141,9 @@ TEST_F(TableSizes, SizesAreIndexedThroughTheTemplatesInOrder) {
   EXPECT_EQ(SizeIds(table_), (Texts{L"a", L"b", L"c"}));
   EXPECT_EQ(stdsize_GetTemplateID(table_GetStdSize(table_, 2)), 503);
   for (int32_t index : {3, -1}) {
-    auto [size, writes] = Captured([&] { return table_GetStdSize(table_, index); });
-    EXPECT_EQ(size, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
-                                        " выходит за пределы диапазона [0, 3) [CFolderTable::_GetStdSize]"})});
+    EXPECT_FAILS(
+        table_GetStdSize(table_, index),
+        "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 3) [CFolderTable::_GetStdSize]");
   }
   EXPECT_FAILS(table_GetStdSize(folder_GetTable(root_), 0),
                "Индекс 0 выходит за пределы диапазона [0, 0) [CFolderTable::_GetStdSize]");
@@ -260,3 +248,4 @@ TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
 }
 
 }  // namespace
+}  // namespace lxtest

@@ -5,23 +5,16 @@
 #include <vector>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 #include "api/CallFrame.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class Templates : public lxtest::TableFixture {
+class Templates : public TableFixture {
  protected:
   // Template 501 "T" in "Болты": model 300, object type 2 (VENTBOX),
   // representation 5, columns 21 (integer, common value 10), 22 (text),
@@ -322,3 +315,4 @@ TEST_F(Templates, AVirtualTableRefusesATypeWithTwoMessages) {
 }
 
 }  // namespace
+}  // namespace lxtest

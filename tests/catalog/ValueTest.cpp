@@ -9,21 +9,14 @@
 #include <vector>
 
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 #include "api/Handles.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class Values : public lxtest::TableFixture {
+class Values : public TableFixture {
  protected:
   // Template 501 "Болт" with S1, S2, S3 and the columns below; a folder
   // "Гайки" beside it with a column 21 of its own.
@@ -373,7 +366,7 @@ TEST_F(Values, ASizeOfAVirtualTableTakesValues) {
 }
 
 // Tables of one template made for a single test.
-class Shapes : public lxtest::TableFixture {};
+class Shapes : public TableFixture {};
 
 TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
@@ -416,3 +409,4 @@ TEST_F(Shapes, AWriteToColumn11LeavesTheIdentifier) {
 }
 
 }  // namespace
+}  // namespace lxtest
