@@ -7,8 +7,6 @@
 #include "LxDataAccess.h"
 
 using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
 
 namespace {
 
