@@ -110,6 +110,28 @@ std::wstring TableFixture::SizeValueSql(std::int32_t number, std::int32_t sizeId
   return L"EXECUTE PROCEDURE CREATE_ATTR_VAL(" + N(number) + L", " + N(sizeId) + L", " + values + L")";
 }
 
+std::int32_t TableFixture::LayNuts(const AttributeRow& column, const std::wstring& ownValue) {
+  EXPECT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
+  const std::int32_t id = FolderId(L"Гайки");
+  Sql().Execute({TemplateRow(900, L"Гайка", id), SizeRow(950, 900, L"Г1"), AttributeRowSql(900, column)});
+  if (!ownValue.empty()) Sql().Execute(SizeValueSql(column.number, 950, ownValue));
+  return id;
+}
+
+std::int32_t TableFixture::LayGroups(const std::vector<AttributeRow>& first, const std::vector<AttributeRow>& second) {
+  EXPECT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
+  const std::int32_t id = FolderId(L"Группы");
+  Sql().Execute({TemplateRow(701, L"Первый", id), TemplateRow(702, L"Второй", id), SizeRow(801, 701, L"В1"),
+                 SizeRow(802, 702, L"В2")});
+  for (const AttributeRow& row : first) Sql().Execute(AttributeRowSql(701, row));
+  for (const AttributeRow& row : second) Sql().Execute(AttributeRowSql(702, row));
+  return id;
+}
+
+Texts TableFixture::StoredTemplateNames(std::int32_t folderId) {
+  return Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + N(folderId) + L" ORDER BY ID");
+}
+
 void TableFixture::ReloadAndWalk() {
   ASSERT_TRUE(Reload());
   packet_ = provider_GetPacketByName(provider_, kPacket);

@@ -59,6 +59,8 @@ class CatalogFixture : public ::testing::Test {
   bool Reload() { return lxReloadProvider(connection_.server.c_str(), database_.c_str()); }
   // The child with exactly this name; fails the test if there is none.
   static LxFolder* ChildNamed(LxFolder* parent, const std::wstring& name);
+  // The number of rows of the table (and condition).
+  std::int32_t Count(const std::wstring& table) { return Sql().Int(L"SELECT COUNT(*) FROM " + table); }
   // The stored id of the folder with this name.
   std::int32_t FolderId(const std::wstring& name);
   // Runs `action` while the catalog file is moved away, so that any database
@@ -106,6 +108,22 @@ class TableFixture : public CatalogFixture {
   static std::wstring AttributeRowSql(std::int32_t templateId, const AttributeRow& row);
   // An own value of a size: `values` as in AttributeRow.
   static std::wstring SizeValueSql(std::int32_t number, std::int32_t sizeId, const std::wstring& values);
+
+  // A folder "Гайки" beside "Болты" with template 900 "Гайка", its size
+  // "Г1" and this one column, with an own value of "Г1" unless `ownValue`
+  // is empty. Gives the folder's id.
+  std::int32_t LayNuts(const AttributeRow& column, const std::wstring& ownValue = L"");
+  // A folder "Группы" with templates 701 "Первый" (size "В1") and 702
+  // "Второй" (size "В2") and these columns each; when their common values
+  // differ, the load splits it into the virtual folders "0" and "1". Gives
+  // the folder's id.
+  std::int32_t LayGroups(const std::vector<AttributeRow>& first, const std::vector<AttributeRow>& second);
+  // The table of the size with this identifier anywhere in the packet.
+  LxFolderTable* TableOf(const std::wstring& identifier) const {
+    return stdsize_GetTable(packet_FindStdSize(packet_, identifier.c_str()));
+  }
+  // The names of the templates of the folder, by id.
+  Texts StoredTemplateNames(std::int32_t folderId);
 
   // Reloads the provider and walks again to packet_, root_, folder_, table_.
   void ReloadAndWalk();

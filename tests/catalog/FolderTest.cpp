@@ -45,7 +45,7 @@ TEST_F(Folders, AddRefusesEmptyAndTakenNamesButNotAnotherCase) {
   EXPECT_FAILS(folder_AddChildFolder(root_, L""), "Имя фолдера не может быть пустым [CFolder::_AddChildFolder]");
   EXPECT_FAILS(folder_AddChildFolder(root_, L"Отводы"), "Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]");
   EXPECT_NE(folder_AddChildFolder(root_, L"ОТВОДЫ"), nullptr);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
+  EXPECT_EQ(Count(L"FOLDER"), 3);
 }
 
 TEST_F(Folders, RenameRootLeavesThePacketName) {
@@ -79,7 +79,7 @@ TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
   EXPECT_FAILS(folder_DeleteChildFolder(root_, inner),
                "Фолдер не соответствует своему родителю [CFolder::_DeleteChildFolder]");
   EXPECT_FAILS(folder_DeleteChildFolder(root_, outer), "Фолдер имеет сабфолдеры [CFolder::_DeleteChildFolder]");
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
+  EXPECT_EQ(Count(L"FOLDER"), 3);
 
   // Bottom up works.
   EXPECT_TRUE(folder_DeleteChildFolder(outer, inner));

@@ -18,17 +18,7 @@ namespace {
 class TableColumns : public TableFixture {
  protected:
   std::int32_t TemplateCount(std::int32_t folderId) {
-    return Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));
-  }
-  // A folder "Гайки" beside "Болты", holding one template with one column of
-  // this number, and a size, all in SQL. Gives the folder's id.
-  std::int32_t LayNeighbourFolder(std::int32_t number) {
-    EXPECT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
-    const std::int32_t id = FolderId(L"Гайки");
-    Sql().Execute({TemplateRow(900, L"Гайка", id), SizeRow(950, 900, L"Г1"),
-                   AttributeRowSql(900, {number, 1, L"Соседний", L"Столбец соседа"}),
-                   SizeValueSql(number, 950, L"77, NULL, NULL")});
-    return id;
+    return Count(L"OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));
   }
 };
 
@@ -52,7 +42,7 @@ TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21) {
 }
 
 TEST_F(TableColumns, NumbersFollowTheLargestNumberAbove20) {
-  LayNeighbourFolder(90);  // numbers of other folders don't count
+  LayNuts({90, 1, L"Соседний", L"Столбец соседа"}, L"77, NULL, NULL");  // other folders don't count
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), AttributeRowSql(501, {5, 1, L"Пятый", L"Номер пять"})});
   ReloadAndWalk();
   LxAttribute* added = table_AddAttribute(table_, L"Новый", L"Новый столбец", 1);
@@ -106,8 +96,7 @@ TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate)
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   ASSERT_NE(size, nullptr);
-  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
-            (Texts{L"_AddTemplate", L"M5"}));
+  EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"M5"}));
   EXPECT_EQ(Sql().Texts(L"SELECT o.NAME FROM STANDARDSIZE sz JOIN OBJECT o ON o.ID = sz.OBJECTID"), Texts{L"M5"});
   // Both templates have both columns, in the database and in memory.
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
@@ -129,8 +118,7 @@ TEST_F(TableColumns, AddTemplateIsNamedUniquelyInItsTable) {
   const auto made = CallFrame("test").Call([&] { return table->CreateNewTemplate(L"_AddTemplate"); });
   ASSERT_NE(made, nullptr);
   EXPECT_EQ(made->GetName(), L"_AddTemplate (0)");
-  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
-            (Texts{L"_AddTemplate", L"_AddTemplate (0)"}));
+  EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"_AddTemplate (0)"}));
 }
 
 TEST_F(TableColumns, TakenNamesAreRefusedExactly) {
@@ -161,7 +149,7 @@ TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
   });
   EXPECT_EQ(name, nullptr);
   EXPECT_EQ(nameWrites, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE"), 2);
+  EXPECT_EQ(Count(L"OBJECTATTRIBUTE"), 2);
 }
 
 TEST_F(TableColumns, EveryTemplateGetsTheNewColumnWithItsDefault) {
@@ -235,7 +223,7 @@ TEST_F(TableColumns, ClearDoesNothing) {
   EXPECT_FAILS(table_Clear(table_));
   EXPECT_EQ(table_GetAttributeCount(table_), 1);
   EXPECT_EQ(table_GetStdSizeCount(table_), 1);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE"), 1);
+  EXPECT_EQ(Count(L"STANDARDSIZE"), 1);
 }
 
 TEST_F(TableColumns, RenameAndRenumberMoveAColumnToTheEnd) {
@@ -262,7 +250,7 @@ class DeletingColumns : public TableColumns {
   // size, and a neighbour folder with a column 21 of its own.
   void SetUp() override {
     TableColumns::SetUp();
-    neighbour_ = LayNeighbourFolder(21);
+    neighbour_ = LayNuts({21, 1, L"Соседний", L"Столбец соседа"}, L"77, NULL, NULL");
     Sql().Execute({TemplateRow(501, L"Болт", folderId_), TemplateRow(502, L"Болт длинный", folderId_),
                    SizeRow(601, 501, L"Б1"), SizeRow(602, 501, L"Б2"), SizeRow(603, 502, L"Б3"),
                    AttributeRowSql(501, {21, 1, L"Длина", L"Длина болта"}),
@@ -278,11 +266,11 @@ class DeletingColumns : public TableColumns {
 
 TEST_F(DeletingColumns, RowsAndValuesOfTheNumberGoInThisFolderOnly) {
   ASSERT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
-  const std::int32_t valueRows = Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE");
+  const std::int32_t valueRows = Count(L"ATTRIBUTEVALUE");
   ASSERT_TRUE(table_DeleteAttribute(table_, Column(L"Длина")));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.ID"), Texts{});
   EXPECT_EQ(StoredSizeValues(folderId_, 21), Texts{});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"), valueRows - 3);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), valueRows - 3);
   // The other column and the neighbour folder's column 21 stay.
   EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), (Texts{L"Шаг", L"Шаг"}));
   EXPECT_EQ(StoredSizeValues(folderId_, 22), Texts{L"Б3=7||"});
@@ -351,12 +339,8 @@ class VirtualTables : public TableColumns {
  protected:
   void SetUp() override {
     TableColumns::SetUp();
-    ASSERT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
-    groups_ = FolderId(L"Группы");
-    Sql().Execute({TemplateRow(701, L"Первый", groups_), TemplateRow(702, L"Второй", groups_),
-                   SizeRow(801, 701, L"В1"), SizeRow(802, 702, L"В2"),
-                   AttributeRowSql(701, {21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}),
-                   AttributeRowSql(702, {21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"})});
+    groups_ = LayGroups({{21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}},
+                        {{21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"}});
     ReloadAndWalk();
     LxFolder* groups = ChildNamed(root_, L"Группы");
     ASSERT_EQ(folder_GetChildFolderCount(groups), 2);
@@ -389,15 +373,15 @@ TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
 }
 
 TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
-  const std::int32_t objects = Sql().Int(L"SELECT COUNT(*) FROM OBJECT");
+  const std::int32_t objects = Count(L"OBJECT");
   EXPECT_FAILS(table_AddStdSize(first_, L"Новый"),
                "Для виртуальных фолдеров создание темплейтов невозможно "
                "[TableOperation::CreateNewTemplate]",
                "Проблема с базой, не смогли создать новый темплейт "
                "[CFolderTable::CreateNewTemplate]",
                "Не смогли создать шаблон для нового типоразмера [CFolderTable::_AddStdSize]");
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), objects);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
+  EXPECT_EQ(Count(L"OBJECT"), objects);
+  EXPECT_EQ(Count(L"STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
   EXPECT_EQ(SizeIds(first_), Texts{L"В1"});
 }
 

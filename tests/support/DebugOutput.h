@@ -1,5 +1,8 @@
-// Runs a piece of client code while capturing the library's debug channel.
+// Runs a piece of client code while capturing the library's debug channel,
+// and states what it should have written.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
@@ -30,6 +33,12 @@ inline std::string FlushText(const std::vector<std::string>& messages) {
   return text;
 }
 
+// What Captured gives for a call that returns `result` and writes nothing.
+template <typename Result>
+std::pair<Result, Writes> Quietly(Result result) {
+  return {result, Writes{}};
+}
+
 // What one flush of these messages writes; no messages write nothing.
 inline Writes Flushed(const std::vector<std::string>& messages) {
   return messages.empty() ? Writes{} : Writes{FlushText(messages)};
@@ -43,6 +52,18 @@ Writes FailureWrites(Action&& action) {
   auto [result, writes] = Captured(action);
   if (result) writes.insert(writes.begin(), "<did not fail>");
   return writes;
+}
+
+// Whether what Captured gave is a failure whose one write is the frame's
+// report of an exception from the database in `function`.
+template <typename Result>
+::testing::AssertionResult FailedInDatabase(const std::pair<Result, Writes>& captured, const std::string& function) {
+  const std::string head = ">LxDataAcces:  (fun: " + function + ")\n";
+  if (!captured.first && captured.second.size() == 1 && captured.second[0].rfind(head, 0) == 0) {
+    return ::testing::AssertionSuccess();
+  }
+  return ::testing::AssertionFailure() << "result " << ::testing::PrintToString(captured.first) << ", writes "
+                                       << ::testing::PrintToString(captured.second);
 }
 
 }  // namespace lxtest
