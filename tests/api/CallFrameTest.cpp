@@ -64,11 +64,12 @@ TEST(CallFrame, NullStringFailsSilentlyAfterTheHandles) {
 }
 
 TEST(CallFrame, DatabaseExceptionGivesItsTextBehindTheFunctionName) {
-  EXPECT_FAILS(CallFrame("test_Database").Call([]() -> const wchar_t* {
+  auto body = []() -> const wchar_t* {
     Report(L"до сбоя", "CTest::_Before");
     throw IBPP::Exception("connection refused\nsecond line");
-  }),
-               "до сбоя [CTest::_Before]", " (fun: test_Database)\nconnection refused\nsecond line");
+  };
+  EXPECT_FAILS(CallFrame("test_Database").Call(body), "до сбоя [CTest::_Before]",
+               " (fun: test_Database)\nconnection refused\nsecond line");
 }
 
 TEST(CallFrame, AnyOtherExceptionIsUnknownAndItsTextUnread) {
