@@ -89,7 +89,7 @@ TEST_F(Attributes, NullTextsFailWithoutAMessage) {
                "Передан нулевой указатель на объект attribute (fun: attribute_SetNumber)");
 }
 
-TEST_F(Attributes, SetNameRefusesEmptyAndTakenNames) {
+TEST_F(Attributes, SetNameRefusesEmptyAndTakenNamesAndWritesEveryTemplate) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_FAILS(attribute_SetName(length, L""), "Имя не может быть пустым [CAttribute::_SetName]");
   EXPECT_FAILS(attribute_SetName(length, L"Шаг"),
@@ -98,10 +98,6 @@ TEST_F(Attributes, SetNameRefusesEmptyAndTakenNames) {
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
   EXPECT_STREQ(attribute_GetName(length), L"Длина");
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
-}
-
-TEST_F(Attributes, SetNameWritesTheRowOfEveryTemplateOfTheFolder) {
-  LxAttribute* length = Column(L"Длина");
   // Only an exact match clashes.
   ASSERT_TRUE(attribute_SetName(length, L"ШАГ"));
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"ШАГ", L"ШАГ"}));
@@ -117,7 +113,7 @@ TEST_F(Attributes, SetNameWritesTheRowOfEveryTemplateOfTheFolder) {
   EXPECT_EQ(Shown(Size(L"S1"), Column(L"ШАГ")), L"i:15");
 }
 
-TEST_F(Attributes, SetDescriptionRefusesEmptyAndTakenDescriptions) {
+TEST_F(Attributes, SetDescriptionRefusesEmptyAndTakenOnesAndWritesEveryTemplate) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_FAILS(attribute_SetDescription(length, L""), "Описание не может быть пустым [CAttribute::_SetDescription]");
   EXPECT_FAILS(attribute_SetDescription(length, L"Шаг резьбы"),
@@ -125,10 +121,6 @@ TEST_F(Attributes, SetDescriptionRefusesEmptyAndTakenDescriptions) {
                "есть атрибут с таким описанием [CAttribute::_SetDescription]");
   EXPECT_EQ(Stored(folderId_, 21, L"ad.DESCRIPTION"), (Texts{L"Длина болта", L"Длина болта"}));
   EXPECT_STREQ(attribute_GetDescription(length), L"Длина болта");
-}
-
-TEST_F(Attributes, SetDescriptionWritesEveryTemplateAndKeepsTheOrder) {
-  LxAttribute* length = Column(L"Длина");
   ASSERT_TRUE(attribute_SetDescription(length, L"ШАГ РЕЗЬБЫ"));
   EXPECT_EQ(Stored(folderId_, 21, L"ad.DESCRIPTION"), (Texts{L"ШАГ РЕЗЬБЫ", L"ШАГ РЕЗЬБЫ"}));
   EXPECT_EQ(Stored(nuts_, 21, L"ad.DESCRIPTION"), Texts{L"Длина болта"});
@@ -140,16 +132,13 @@ TEST_F(Attributes, SetDescriptionWritesEveryTemplateAndKeepsTheOrder) {
   EXPECT_STREQ(attribute_GetDescription(Column(L"Длина")), L"ШАГ РЕЗЬБЫ");
 }
 
-TEST_F(Attributes, SetNumberRefusesATakenNumber) {
-  EXPECT_FAILS(attribute_SetNumber(Column(L"Длина"), 22),
+TEST_F(Attributes, SetNumberRefusesATakenNumberAndRenumbersEveryTemplate) {
+  LxAttribute* length = Column(L"Длина");
+  EXPECT_FAILS(attribute_SetNumber(length, 22),
                "Не смогли задать атрибуту 'Длина' номер '22', т.к. уже есть атрибут с таким "
                "номером [CAttribute::_SetNumber]");
   EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), (Texts{L"Шаг", L"Шаг"}));
-  EXPECT_EQ(attribute_GetNumber(Column(L"Длина")), 21);
-}
-
-TEST_F(Attributes, SetNumberRenumbersEveryTemplatesRowAndKeepsTheValues) {
-  LxAttribute* length = Column(L"Длина");
+  EXPECT_EQ(attribute_GetNumber(length), 21);
   ASSERT_TRUE(attribute_SetNumber(length, 40));
   EXPECT_EQ(Stored(folderId_, 40, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), Texts{});

@@ -180,15 +180,23 @@ std::vector<std::wstring> TableFixture::RecordNames(LxStdSize* size) {
 
 std::wstring TableFixture::Shown(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format) {
   ValueView view{};
-  if (!stdsize_GetValue(size, attribute, format, &view)) return L"-";
+  return stdsize_GetValue(size, attribute, format, &view) ? Described(view) : L"-";
+}
+
+std::wstring TableFixture::Described(const ValueView& view) {
   std::wostringstream text;
   switch (view.index) {
     case LX_VALUE_INT: text << L"i:" << view.payload.integer; break;
     case LX_VALUE_DOUBLE: text << L"d:" << view.payload.number; break;
-    case LX_VALUE_STRING: text << L"s:" << std::wstring(view.payload.text, view.length); break;
-    case LX_VALUE_EMPTY: text << L"e"; break;
+    case LX_VALUE_STRING:
+      if (view.payload.text == nullptr) return L"s:<null>";
+      text << L"s:" << std::wstring(view.payload.text, view.length);
+      if (view.payload.text[view.length] != L'\0') text << L"<unterminated>";
+      return text.str();
+    case LX_VALUE_EMPTY: return view.payload.text == nullptr && view.length == 0 ? L"e" : L"e<not cleared>";
     default: text << L"?" << static_cast<int>(view.index); break;
   }
+  if (view.length != 0) text << L"<length " << view.length << L">";
   return text.str();
 }
 

@@ -139,9 +139,11 @@ class TableFixture : public CatalogFixture {
   // Names of the records of a size's template, in their order.
   static std::vector<std::wstring> RecordNames(LxStdSize* size);
 
-  // What stdsize_GetValue shows: "i:10", "d:2.5", "s:text", "e" for a view
-  // of kind empty, "-" for false.
+  // What stdsize_GetValue shows: Described, or "-" for false.
   static std::wstring Shown(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format = nullptr);
+  // A view as "i:10", "d:2.5", "s:text" or "e", with a note when a number
+  // has a length, a text no terminating NUL, or an empty view any payload.
+  static std::wstring Described(const ValueView& view);
 
   std::int32_t SizeId(const std::wstring& identifier);
   // `expression` over `oa` (OBJECTATTRIBUTE), `an` (its ATTRIBUTENAME) and

@@ -78,10 +78,7 @@ TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {
   ValueView view{};
   view.index = 9;
   ASSERT_TRUE(stdsize_GetValue(s1_, Column(L"Примечание"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_STRING);
-  ASSERT_NE(view.payload.text, nullptr);
-  EXPECT_EQ(view.length, 0u);
-  EXPECT_EQ(view.payload.text[0], L'\0');
+  EXPECT_EQ(Described(view), L"s:");
 }
 
 TEST_F(Values, AFormulaBeatsOwnAndTemplateValues) {
@@ -104,23 +101,14 @@ TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
   ValueView second{};
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &first));
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &second));
-  EXPECT_EQ(first.index, LX_VALUE_STRING);
+  EXPECT_EQ(Described(first), L"s:Ст3");
   EXPECT_EQ(first.length, 3u);
-  EXPECT_EQ(std::wstring(first.payload.text, first.length), L"Ст3");
-  EXPECT_EQ(first.payload.text[first.length], L'\0');
   EXPECT_EQ(first.payload.text, second.payload.text);
   EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
 
-  ValueView number{};
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Диаметр"), nullptr, &number));
-  EXPECT_EQ(number.index, LX_VALUE_INT);
-  EXPECT_EQ(number.payload.integer, 8);
-  EXPECT_EQ(number.length, 0u);
-  ValueView real{};
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Вес"), nullptr, &real));
-  EXPECT_EQ(real.index, LX_VALUE_DOUBLE);
-  EXPECT_EQ(real.payload.number, 2.5);
-  EXPECT_EQ(real.length, 0u);
+  // Numbers have no length.
+  EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"i:8");
+  EXPECT_EQ(Shown(s2_, Column(L"Вес")), L"d:2.5");
 }
 
 TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
@@ -128,8 +116,7 @@ TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
   view.index = LX_VALUE_INT;
   view.payload.integer = 77;
   EXPECT_FAILS(stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.integer, 0);
+  EXPECT_EQ(Described(view), L"e");
   // An own value counts whatever the column's type.
   ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Пустой"), 3));
   EXPECT_EQ(Shown(s1_, Column(L"Пустой")), L"i:3");
@@ -144,9 +131,7 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
   view.length = 5;
   EXPECT_FAILS(stdsize_GetValue(s1_, stranger_, nullptr, &view),
                "Атрибут не соответствует своему родителю [CFolderTable::_GetValue]");
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.text, nullptr);
-  EXPECT_EQ(view.length, 0u);
+  EXPECT_EQ(Described(view), L"e");
 
   const std::int32_t rows = ValueRows();
   EXPECT_FAILS(stdsize_SetValueI(s1_, stranger_, 5),
@@ -160,21 +145,17 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
 TEST_F(Values, GetValueByNameIgnoresCase) {
   ValueView view{};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"дЛИНА", nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_INT);
-  EXPECT_EQ(view.payload.integer, 10);
+  EXPECT_EQ(Described(view), L"i:10");
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"ДИАМЕТР", nullptr, &view));
-  EXPECT_EQ(view.payload.integer, 8);
+  EXPECT_EQ(Described(view), L"i:8");
   const NumberFormat four{false, 4};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"подпись", &four, &view));
-  EXPECT_EQ(std::wstring(view.payload.text, view.length), L"x2,5000");
+  EXPECT_EQ(Described(view), L"s:x2,5000");
   for (const wchar_t* name : {L"Нет такого", L"", static_cast<const wchar_t*>(nullptr)}) {
     view.index = LX_VALUE_INT;
     view.payload.integer = 1;
     EXPECT_FAILS(stdsize_GetValueByName(s2_, name, nullptr, &view));
-    if (name != nullptr) {
-      EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-      EXPECT_EQ(view.payload.integer, 0);
-    }
+    if (name != nullptr) EXPECT_EQ(Described(view), L"e");
   }
 }
 
@@ -364,9 +345,7 @@ TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   ReloadAndWalk();
   ValueView view{};
   ASSERT_TRUE(stdsize_GetValue(Size(L"S1"), Column(L"Марка"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_STRING);
-  EXPECT_EQ(view.length, 2u);
-  EXPECT_EQ(std::wstring(view.payload.text, view.length), L"ab");
+  EXPECT_EQ(Described(view), L"s:ab");
 }
 
 TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
@@ -379,8 +358,7 @@ TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
   view.payload.integer = 5;
   EXPECT_FAILS(stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view),
                " (fun: stdsize_GetValue) Неизвестное исключение");
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.integer, 0);
+  EXPECT_EQ(Described(view), L"e");
   EXPECT_EQ(Shown(Size(L"S1"), Column(L"Длина")), L"i:10");
 }
 
