@@ -82,15 +82,22 @@ class CatalogFixture : public ::testing::Test {
 // procedure's last three arguments (IVAL, DVAL, SVAL) as SQL; a row without
 // any keeps CONCRETEVALUEID null, so the load gives it its type's default.
 struct AttributeRow {
+  AttributeRow(std::int32_t number, std::int32_t type, std::wstring name, std::wstring description,
+               std::wstring values = L"NULL, NULL, NULL", std::wstring formula = L"", std::wstring measure = L"",
+               std::wstring varName = L"", std::int32_t oldNumber = 0)
+      : number(number), type(type), name(std::move(name)), description(std::move(description)),
+        values(std::move(values)), formula(std::move(formula)), measure(std::move(measure)),
+        varName(std::move(varName)), oldNumber(oldNumber) {}
+
   std::int32_t number;
   std::int32_t type;
   std::wstring name;
   std::wstring description;
-  std::wstring values = L"NULL, NULL, NULL";
+  std::wstring values;
   std::wstring formula;
   std::wstring measure;
   std::wstring varName;
-  std::int32_t oldNumber = 0;
+  std::int32_t oldNumber;
 };
 
 class TableFixture : public CatalogFixture {

@@ -1,7 +1,7 @@
 // Columns of folder tables on real catalogs: automatic numbers, the first
-// template, look-ups by name, the index range, deletion with its SQL, and the
-// tables of virtual folders. Every write is read back from the database, and
-// from memory again after a reload.
+// template, look-ups by name, the index range and deletion with its SQL.
+// Every write is read back from the database, and from memory again after a
+// reload.
 #include <string>
 #include <vector>
 
@@ -319,81 +319,6 @@ TEST_F(TableColumns, DeletedColumn11ComesBackWithTheNextSize) {
   ReloadAndWalk();
   EXPECT_EQ(Shown(Size(L"M6"), Column(L"ID_specification")), L"s:M6");
   EXPECT_EQ(Shown(Size(L"M5"), Column(L"ID_specification")), L"s:");
-}
-
-// "Группы" holds two templates that differ in their common value, so its
-// load makes the virtual folders "0" and "1", one template each.
-class VirtualTables : public TableColumns {
- protected:
-  void SetUp() override {
-    TableColumns::SetUp();
-    groups_ = LayGroups({{21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}},
-                        {{21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"}});
-    ReloadAndWalk();
-    LxFolder* groups = ChildNamed(root_, L"Группы");
-    ASSERT_EQ(folder_GetChildFolderCount(groups), 2);
-    first_ = folder_GetTable(ChildNamed(groups, L"0"));
-    second_ = folder_GetTable(ChildNamed(groups, L"1"));
-    // The load has no order, so either group may come first.
-    if (table_FindStdSize(first_, L"В1") == nullptr) std::swap(first_, second_);
-    ASSERT_NE(table_FindStdSize(first_, L"В1"), nullptr);
-    ASSERT_TRUE(folder_IsVirtual(table_GetFolder(first_)));
-  }
-  std::int32_t groups_ = 0;
-  LxFolderTable* first_ = nullptr;
-  LxFolderTable* second_ = nullptr;
-};
-
-TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
-  LxAttribute* added = table_AddAttribute(first_, L"Шаг", L"Шаг резьбы", 2);
-  ASSERT_NE(added, nullptr);
-  EXPECT_EQ(attribute_GetNumber(added), 22);
-  EXPECT_EQ(Stored(groups_, 22, L"oa.OBJECTID || ':' || an.NAME"), Texts{L"701:Шаг"});
-  EXPECT_EQ(ColumnNames(first_), (Texts{L"Длина", L"Шаг"}));
-  EXPECT_EQ(ColumnNames(second_), Texts{L"Длина"});
-  EXPECT_EQ(RecordNames(table_FindStdSize(second_, L"В2")), Texts{L"Длина"});
-  ReloadAndWalk();
-  LxStdSize* first = packet_FindStdSize(packet_, L"В1");
-  LxStdSize* second = packet_FindStdSize(packet_, L"В2");
-  EXPECT_EQ(ColumnNames(stdsize_GetTable(first)), (Texts{L"Длина", L"Шаг"}));
-  EXPECT_EQ(ColumnNames(stdsize_GetTable(second)), Texts{L"Длина"});
-  EXPECT_EQ(Shown(first, ColumnOf(stdsize_GetTable(first), L"Шаг")), L"d:0");
-}
-
-TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
-  const std::int32_t objects = Count(L"OBJECT");
-  EXPECT_FAILS(table_AddStdSize(first_, L"Новый"),
-               "Для виртуальных фолдеров создание темплейтов невозможно "
-               "[TableOperation::CreateNewTemplate]",
-               "Проблема с базой, не смогли создать новый темплейт "
-               "[CFolderTable::CreateNewTemplate]",
-               "Не смогли создать шаблон для нового типоразмера [CFolderTable::_AddStdSize]");
-  EXPECT_EQ(Count(L"OBJECT"), objects);
-  EXPECT_EQ(Count(L"STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
-  EXPECT_EQ(SizeIds(first_), Texts{L"В1"});
-}
-
-TEST_F(VirtualTables, DeletingAColumnIsRefused) {
-  EXPECT_FAILS(table_DeleteAttribute(first_, ColumnOf(first_, L"Длина")),
-               "Для виртуальных фолдеров удаление атрибутов невозможно "
-               "[TableOperation::DeleteAttribute]",
-               "Проблемы при удалении атрибута:\nname = Длина\nfolder = 0\npacket = Пакет "
-               "[CFolderTable::_DeleteAttribute]");
-  EXPECT_EQ(Stored(groups_, 21, L"oa.OBJECTID"), (Texts{L"701", L"702"}));
-  EXPECT_EQ(ColumnNames(first_), Texts{L"Длина"});
-}
-
-TEST_F(VirtualTables, IdentifiersOfVirtualTablesAreTaken) {
-  LxStdSize* size = table_AddStdSize(table_, L"В1");
-  ASSERT_NE(size, nullptr);
-  EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
-}
-
-TEST_F(VirtualTables, TheSplitParentIsEmpty) {
-  LxFolderTable* parent = folder_GetTable(ChildNamed(root_, L"Группы"));
-  EXPECT_TRUE(table_IsEmpty(parent));
-  EXPECT_EQ(table_GetAttributeCount(parent), 0);
-  EXPECT_FALSE(table_IsEmpty(first_));
 }
 
 }  // namespace

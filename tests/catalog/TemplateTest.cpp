@@ -214,25 +214,6 @@ TEST_F(Templates, ASizeAloneInItsTemplateNeedsNoSplit) {
   EXPECT_EQ(Count(L"OBJECT"), objects);
 }
 
-TEST_F(Templates, ASizeOfAVirtualTableCanBeSplitOff) {
-  // В1 and В2 share the first template, В3 has the second.
-  const std::int32_t groups = LayGroups({{21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}},
-                                        {{21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"}});
-  Sql().Execute({L"UPDATE STANDARDSIZE SET OBJECTID = 701 WHERE ID = 802", SizeRow(803, 702, L"В3")});
-  ReloadAndWalk();
-  LxStdSize* size = packet_FindStdSize(packet_, L"В2");
-  ASSERT_NE(size, nullptr);
-  LxFolderTable* table = stdsize_GetTable(size);
-  ASSERT_TRUE(folder_IsVirtual(table_GetFolder(table)));
-  ASSERT_TRUE(SplitOff(size).first);
-  const std::int32_t id = stdsize_GetTemplateID(size);
-  EXPECT_EQ(stdsize_GetTable(size), table);
-  EXPECT_EQ(SizeIds(table), (Texts{L"В1", L"В2"}));
-  EXPECT_EQ(Sql().Texts(L"SELECT NAME || '|' || FOLDERID FROM OBJECT WHERE ID = " + std::to_wstring(id)),
-            Texts{L"Первый (0)|" + std::to_wstring(groups)});
-  EXPECT_EQ(Shown(size, ColumnOf(table, L"Длина")), L"i:1");
-}
-
 class ObjectTypes : public Templates {
  protected:
   void SetUp() override {
@@ -291,18 +272,6 @@ TEST_F(ObjectTypes, TheFirstNewTextRepairsTheGenerator) {
 TEST_F(ObjectTypes, ANullTextFailsWithoutAMessage) {
   EXPECT_FAILS(stdsize_SetType(Size(L"S1"), nullptr));
   EXPECT_STREQ(stdsize_GetType(Size(L"S1")), L"VENTBOX");
-}
-
-TEST_F(Templates, AVirtualTableRefusesATypeWithTwoMessages) {
-  LayGroups({{21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}}, {});
-  ReloadAndWalk();
-  LxStdSize* size = packet_FindStdSize(packet_, L"В1");
-  ASSERT_NE(size, nullptr);
-  EXPECT_FAILS(stdsize_SetType(size, L"ELEMENT"),
-               "Для виртуальных фолдеров нелья задать тип [TableOperation::SetTemplateType]",
-               "Проблема задания типа типоразмера в базе [CStandartSize::_SetType]");
-  EXPECT_STREQ(stdsize_GetType(size), L"SEGMENT");
-  EXPECT_EQ(Sql().Int(L"SELECT OBJECTTYPEID FROM OBJECT WHERE ID = 701"), 1);
 }
 
 }  // namespace

@@ -155,7 +155,9 @@ TEST_F(Values, GetValueByNameIgnoresCase) {
     view.index = LX_VALUE_INT;
     view.payload.integer = 1;
     EXPECT_FAILS(stdsize_GetValueByName(s2_, name, nullptr, &view));
-    if (name != nullptr) EXPECT_EQ(Described(view), L"e");
+    if (name != nullptr) {
+      EXPECT_EQ(Described(view), L"e");
+    }
   }
 }
 
@@ -319,21 +321,6 @@ TEST_F(Values, AttributeNamesFollowTheTemplatesRecords) {
     EXPECT_FAILS(stdsize_GetAttributeName(s1_, index), " (fun: stdsize_GetAttributeName) Неизвестное исключение")
         << index;
   }
-}
-
-TEST_F(Values, ASizeOfAVirtualTableTakesValues) {
-  const std::int32_t groups = LayGroups({{21, 2, L"Длина", L"Длина детали", L"NULL, 1, NULL"}},
-                                        {{21, 2, L"Длина", L"Длина детали", L"NULL, 2, NULL"}});
-  ReloadAndWalk();
-  LxStdSize* size = packet_FindStdSize(packet_, L"В1");
-  LxFolderTable* table = stdsize_GetTable(size);
-  ASSERT_TRUE(folder_IsVirtual(table_GetFolder(table)));
-  ASSERT_TRUE(stdsize_SetValueD(size, ColumnOf(table, L"Длина"), 0.5));
-  EXPECT_EQ(StoredSizeValues(groups, 21), Texts{L"В1=|0.500|"});
-  EXPECT_EQ(Shown(size, ColumnOf(table, L"Длина")), L"d:0.5");
-  ReloadAndWalk();
-  size = packet_FindStdSize(packet_, L"В1");
-  EXPECT_EQ(Shown(size, ColumnOf(stdsize_GetTable(size), L"Длина")), L"d:0.5");
 }
 
 // Tables of one template made for a single test.
