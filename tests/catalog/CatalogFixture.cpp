@@ -217,6 +217,15 @@ std::vector<std::wstring> TableFixture::Stored(std::int32_t folderId, std::int32
                      N(folderId) + L" AND oa.NUMBER = " + N(number) + L" ORDER BY o.ID");
 }
 
+Texts TableFixture::StoredColumns(const std::wstring& condition) {
+  return Sql().Texts(L"SELECT oa.NUMBER || '|' || oa.OLD_NUMBER || '|' || oa.ATTRTYPE || '|' || an.NAME || '|' || "
+                     L"ad.DESCRIPTION || '|' || COALESCE(oa.MEASURE, '') || '|' || COALESCE(oa.VARNAME, '') || '|' || "
+                     L"COALESCE(oa.FORMULA, '') FROM OBJECTATTRIBUTE oa JOIN OBJECT o ON o.ID = oa.OBJECTID JOIN "
+                     L"ATTRIBUTENAME an ON an.ID = oa.ATTRIBUTENAMEID JOIN ATTRIBUTEDESCRIPTION ad ON ad.ID = "
+                     L"oa.ATTRIBUTEDESCRIPTIONID WHERE " +
+                     condition + L" ORDER BY oa.OBJECTID, oa.NUMBER");
+}
+
 std::vector<std::wstring> TableFixture::StoredSizeValues(std::int32_t folderId, std::int32_t number) {
   return Sql().Texts(
       L"SELECT sz.IDENTIFIER || '=' || COALESCE(CAST(cv.INTVAL AS VARCHAR(20)), '') || '|' || "

@@ -157,6 +157,10 @@ class TableFixture : public CatalogFixture {
   // `ad` (its ATTRIBUTEDESCRIPTION) for the row of this number in every
   // template of the folder, by template id; a null shows as "<null>".
   std::vector<std::wstring> Stored(std::int32_t folderId, std::int32_t number, const std::wstring& expression);
+  // Every field of the attribute rows that `condition` (over `oa` and its
+  // template `o`) picks, as "NUMBER|OLD_NUMBER|ATTRTYPE|NAME|DESCRIPTION|
+  // MEASURE|VARNAME|FORMULA", by template and number.
+  Texts StoredColumns(const std::wstring& condition);
   // Own values of the sizes for the attribute rows of this number in the
   // folder, as "identifier=INTVAL|DOUBLEVAL|STRVAL", by identifier.
   std::vector<std::wstring> StoredSizeValues(std::int32_t folderId, std::int32_t number);

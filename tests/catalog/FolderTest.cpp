@@ -15,9 +15,6 @@ class Folders : public CatalogFixture {
   std::int32_t StoredParentOf(const std::wstring& name) {
     return Sql().Int(L"SELECT COALESCE(ID_PARENT, 0) FROM FOLDER WHERE NAME = '" + name + L"'");
   }
-  std::int32_t StoredId(const std::wstring& name) {
-    return Sql().Int(L"SELECT ID FROM FOLDER WHERE NAME = '" + name + L"'");
-  }
   std::vector<std::wstring> ChildNames(LxFolder* folder) {
     std::vector<std::wstring> names;
     for (int32_t i = 0; i < folder_GetChildFolderCount(folder); ++i) names.push_back(folder_GetName(folder_GetChildFolder(folder, i)));
@@ -34,7 +31,7 @@ TEST_F(Folders, AddWritesTheRowUnderItsParent) {
   EXPECT_EQ(folder_GetParentFolder(child), root_);
   EXPECT_EQ(folder_GetPacket(child), packet_);
   EXPECT_FALSE(folder_IsVirtual(child));
-  EXPECT_EQ(StoredParentOf(L"Отводы"), StoredId(L"Пакет"));
+  EXPECT_EQ(StoredParentOf(L"Отводы"), FolderId(L"Пакет"));
   EXPECT_EQ(ChildNames(root_), std::vector<std::wstring>{L"Отводы"});
 }
 
@@ -59,7 +56,7 @@ TEST_F(Folders, RenameChecksSiblingsButAllowsAnEmptyName) {
   folder_AddChildFolder(root_, L"Б");
   EXPECT_FAILS(folder_SetName(a, L"Б"), "Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]");
   EXPECT_TRUE(folder_SetName(a, L""));
-  EXPECT_EQ(StoredParentOf(L""), StoredId(L"Пакет"));
+  EXPECT_EQ(StoredParentOf(L""), FolderId(L"Пакет"));
 }
 
 TEST_F(Folders, RenameToTheSameNameTouchesNothing) {
@@ -84,7 +81,7 @@ TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
 
 TEST_F(Folders, DeleteTakesTheTemplatesFiledUnderTheFolder) {
   LxFolder* child = folder_AddChildFolder(root_, L"С содержимым");
-  const std::wstring folderId = std::to_wstring(StoredId(L"С содержимым"));
+  const std::wstring folderId = std::to_wstring(FolderId(L"С содержимым"));
   Sql().Execute({L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (50, 4, 1, " +
                      folderId + L", (SELECT MAX(ID) FROM PACKET), 't')",
                  L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (60, 50, 'size')",
@@ -114,7 +111,7 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
   LxDataProvider* other = Attach(NewCatalogFile("other.fdb"));
   LxFolder* foreignRoot = packet_GetRootFolder(provider_AddPacket(other, L"Чужой"));
   expectRefusal(aChild, foreignRoot, "Фолдеры находятся в разных базах");
-  EXPECT_EQ(StoredParentOf(L"А1"), StoredId(L"А"));
+  EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"А"));
 }
 
 TEST_F(Folders, MoveToThePresentParentIsAQuietSuccess) {
@@ -131,7 +128,7 @@ TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
   EXPECT_EQ(ChildNames(b), (std::vector<std::wstring>{L"Б1", L"А1"}));
   EXPECT_EQ(folder_GetChildFolderCount(a), 0);
   EXPECT_EQ(folder_GetParentFolder(aChild), b);
-  EXPECT_EQ(StoredParentOf(L"А1"), StoredId(L"Б"));
+  EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"Б"));
 }
 
 TEST_F(Folders, ChildIndexOutOfRangeReports) {

@@ -44,14 +44,6 @@ class Templates : public TableFixture {
   }
   // One line per row of the template: the attribute rows by number, then
   // projections, specifications.
-  Texts AttributeRowsOf(std::int32_t templateId) {
-    return Sql().Texts(L"SELECT oa.NUMBER || '|' || oa.OLD_NUMBER || '|' || oa.ATTRTYPE || '|' || an.NAME || '|' || "
-                       L"ad.DESCRIPTION || '|' || COALESCE(oa.MEASURE, '') || '|' || COALESCE(oa.VARNAME, '') || '|' "
-                       L"|| COALESCE(oa.FORMULA, '') FROM OBJECTATTRIBUTE oa JOIN ATTRIBUTENAME an ON an.ID = "
-                       L"oa.ATTRIBUTENAMEID JOIN ATTRIBUTEDESCRIPTION ad ON ad.ID = oa.ATTRIBUTEDESCRIPTIONID WHERE "
-                       L"oa.OBJECTID = " +
-                       std::to_wstring(templateId) + L" ORDER BY oa.NUMBER");
-  }
   Texts CommonValueIdsOf(std::int32_t templateId) {
     return Sql().Texts(L"SELECT oa.NUMBER || ':' || COALESCE(oa.CONCRETEVALUEID, 'null') FROM OBJECTATTRIBUTE oa "
                        L"WHERE oa.OBJECTID = " +
@@ -99,9 +91,9 @@ TEST_F(Templates, ANewTemplateCopiesTheFirstTemplateWithoutModelValuesOrProjecti
   const std::int32_t id = stdsize_GetTemplateID(size);
   EXPECT_EQ(ObjectRow(id), L"N|null|2|5" + Tail());
   // The column 11 was added to all three templates after the copy.
-  Texts expected = AttributeRowsOf(501);
+  Texts expected = StoredColumns(L"oa.OBJECTID = 501");
   EXPECT_EQ(expected.size(), 4u);
-  EXPECT_EQ(AttributeRowsOf(id), expected);
+  EXPECT_EQ(StoredColumns(L"oa.OBJECTID = " + std::to_wstring(id)), expected);
   EXPECT_EQ(CommonValueIdsOf(id), (Texts{L"11:null", L"21:null", L"22:null", L"23:null"}));
   EXPECT_EQ(ProjectionsOf(id), Texts{});
   EXPECT_EQ(SpecificationsOf(id), Texts{L"основная|7|1|2"});
@@ -156,7 +148,7 @@ TEST_F(Templates, SplittingCopiesTheWholeTemplateAndMovesTheSize) {
   // A full copy: model, type, representation, attribute rows with their
   // common values, projections and specifications.
   EXPECT_EQ(ObjectRow(id), L"T (0)|300|2|5" + Tail());
-  EXPECT_EQ(AttributeRowsOf(id), AttributeRowsOf(501));
+  EXPECT_EQ(StoredColumns(L"oa.OBJECTID = " + std::to_wstring(id)), StoredColumns(L"oa.OBJECTID = 501"));
   EXPECT_EQ(CommonValueIdsOf(id), CommonValueIdsOf(501));
   EXPECT_NE(CommonValueIdsOf(id)[0], L"21:null");
   EXPECT_EQ(ProjectionsOf(id), (Texts{L"1|400|0", L"2|401|2"}));
