@@ -18,29 +18,11 @@ using lxtest::FakeFormulaSource;
 
 // Attribute 8 and the name "Нет" are deliberately missing: they read as empty.
 FakeFormulaSource MakeCatalogSource() {
-  return FakeFormulaSource(
-      {
-          {1, Value{7}},
-          {2, Value{2}},
-          {3, Value{5}},
-          {4, Value{2.0}},
-          {5, Value{2.5}},
-          {6, Value{L"3"}},
-          {7, Value{L"abc"}},
-          {9, Value{INT32_MIN}},
-          {10, Value{INT32_MAX}},
-          {11, Value{-1}},
-          {12, Value{10}},
-          {13, Value{20}},
-          {14, Value{7.9}},
-          {15, Value{L""}},
-      },
-      {
-          {L"Длина", Value{12}},
-          {L"Тип", Value{L"Болт М12"}},
-          {L"elevation", Value{3.5}},
-          {L"Масса", Value{0.9}},
-      });
+  return FakeFormulaSource({{1, Value{7}}, {2, Value{2}}, {3, Value{5}}, {4, Value{2.0}}, {5, Value{2.5}},
+                            {6, Value{L"3"}}, {7, Value{L"abc"}}, {9, Value{INT32_MIN}}, {10, Value{INT32_MAX}},
+                            {11, Value{-1}}, {12, Value{10}}, {13, Value{20}}, {14, Value{7.9}}, {15, Value{L""}}},
+                           {{L"Длина", Value{12}}, {L"Тип", Value{L"Болт М12"}}, {L"elevation", Value{3.5}},
+                            {L"Масса", Value{0.9}}});
 }
 
 enum class Entry { Text, Condition };
