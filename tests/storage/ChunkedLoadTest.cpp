@@ -17,19 +17,39 @@ namespace {
 class ChunkedLoad : public lxtest::CatalogFixture {
  protected:
   // A packet with one folder "Данные" holding one template with columns 21
-  // (integer), 22 (double, common value 2.5) and 23 (text) and `count` sizes.
+  // (integer), 22 (double, common value 2.5) and 23 (text) and `count` sizes
+  // "S<i>", i from 1, with own values 3i, i / 4.0 (SQL keeps one decimal)
+  // and "t<i>".
   void MakeSizesPacket(std::int32_t id, const std::wstring& name, std::int32_t count) {
     const std::int32_t root = id * 10;
     Sql().Execute({shapes::Folder(root, name), shapes::Packet(id, name, root), shapes::Folder(root + 1, L"Данные", root),
                    shapes::Template(id, root + 1, id, L"Шаблон"), shapes::Column(id, 21, 1, L"Номер"),
                    shapes::Column(id, 22, 2, L"Доля", L"2.5"), shapes::Column(id, 23, 3, L"Текст")});
-    Sql().Execute(shapes::ManySizes(id * 10000, id, L"S", count));
+    const std::wstring size = std::to_wstring(id * 10000 - 1) + L" + :i";
+    Sql().Execute(L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; BEGIN WHILE (i <= " + std::to_wstring(count) +
+                  L") DO BEGIN INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + size + L", " +
+                  std::to_wstring(id) + L", 'S' || :i); "
+                  L"EXECUTE PROCEDURE CREATE_ATTR_VAL(21, " + size + L", 3 * :i, NULL, NULL); "
+                  L"EXECUTE PROCEDURE CREATE_ATTR_VAL(22, " + size + L", NULL, :i / 4.0, NULL); "
+                  L"EXECUTE PROCEDURE CREATE_ATTR_VAL(23, " + size + L", NULL, NULL, 't' || :i); "
+                  L"i = i + 1; END END");
   }
-  // A packet with `count` templates of one size each in folder "Данные".
+  // A packet with `count` templates "T<i>" of one size "S<i>" each in folder
+  // "Данные", with the columns 21 (integer, common value 7) and 22 (text).
   void MakeTemplatesPacket(std::int32_t id, const std::wstring& name, std::int32_t count) {
     const std::int32_t root = id * 10;
     Sql().Execute({shapes::Folder(root, name), shapes::Packet(id, name, root), shapes::Folder(root + 1, L"Данные", root)});
-    Sql().Execute(shapes::ManyTemplates(id * 10000, root + 1, id, L"S", count));
+    const std::wstring object = std::to_wstring(id * 10000 - 1) + L" + :i";
+    Sql().Execute(L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; DECLARE a INTEGER; BEGIN WHILE (i <= " +
+                  std::to_wstring(count) + L") DO BEGIN "
+                  L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (" +
+                  object + L", 4, 2, " + std::to_wstring(root + 1) + L", " + std::to_wstring(id) + L", 'T' || :i); "
+                  L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + object + L", 21, 21, 1, 'Ширина', 'Ширина изделия', 'мм', "
+                  L"'W', NULL, 7, NULL, NULL) RETURNING_VALUES :a; "
+                  L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + object + L", 22, 22, 3, 'Марка', 'Марка стали', NULL, NULL, "
+                  L"NULL, NULL, NULL, NULL) RETURNING_VALUES :a; "
+                  L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + object + L", " + object +
+                  L", 'S' || :i); i = i + 1; END END");
   }
   std::vector<std::wstring> Dump(const std::wstring& packet) {
     return lxtest::DumpFolder(packet_GetRootFolder(provider_GetPacketByName(provider_, packet.c_str())));

@@ -222,11 +222,4 @@ TEST_F(IbppTest, BlobSegmentsAreLimitedAndReadBackInPieces) {
   EXPECT_EQ(std::string(bytes.end() - 4, bytes.end()), "xabc");
 }
 
-TEST(ClientLibrary, SearchPathIsRecorded) {
-  IBPP::SetClientLibrarySearchPath("/opt/lx");
-  EXPECT_EQ(IBPP::ClientLibrarySearchPath(), "/opt/lx");
-  IBPP::SetClientLibrarySearchPath("");
-  EXPECT_EQ(IBPP::ClientLibrarySearchPath(), "");
-}
-
 }  // namespace

@@ -54,18 +54,6 @@ TEST_F(PacketLoad, ReadsTemplatesColumnsSizesAndValues) {
   EXPECT_EQ(stdsize_GetTemplateID(table_GetStdSize(table, 0)), 10);
 }
 
-TEST_F(PacketLoad, ColumnWithoutStoredValueHoldsTheDefaultOfItsType) {
-  MakePacket();
-  Sql().Execute({shapes::Template(10, 2, 1, L"T"), shapes::Column(10, 21, 1, L"i"), shapes::Column(10, 22, 2, L"d"),
-                 shapes::Column(10, 23, 3, L"s"), shapes::Size(100, 10, L"S")});
-  ASSERT_TRUE(Reload());
-  LxFolderTable* table = folder_GetTable(Bends());
-  LxStdSize* size = table_GetStdSize(table, 0);
-  EXPECT_EQ(lxtest::ValueText(size, table_FindAttribute(table, L"i")), L"i:0");
-  EXPECT_EQ(lxtest::ValueText(size, table_FindAttribute(table, L"d")), L"d:0");
-  EXPECT_EQ(lxtest::ValueText(size, table_FindAttribute(table, L"s")), L"s:");
-}
-
 TEST_F(PacketLoad, TemplateWithoutColumnsStaysWithEmptyRecords) {
   MakePacket();
   Sql().Execute({shapes::Template(10, 2, 1, L"Пустой"), shapes::Size(100, 10, L"S")});
@@ -95,34 +83,11 @@ TEST_F(PacketLoad, NeighboursThatDifferSplitIntoVirtualFolders) {
     EXPECT_EQ(folder_GetParentFolder(part), bends);
     EXPECT_EQ(table_GetStdSizeCount(folder_GetTable(part)), 1);
   }
-  EXPECT_TRUE(table_IsEmpty(folder_GetTable(bends)));
-  EXPECT_EQ(table_GetAttributeCount(folder_GetTable(bends)), 0);
   EXPECT_EQ(table_GetAttributeCount(folder_GetTable(folder_GetChildFolder(bends, 1))), 2);
   // Virtual folders are ordinary children for a search by identifier.
   LxStdSize* found = packet_FindStdSize(provider_GetPacketByName(provider_, L"Пакет"), L"b");
   ASSERT_NE(found, nullptr);
   EXPECT_EQ(table_GetFolder(stdsize_GetTable(found)), folder_GetChildFolder(bends, 1));
-}
-
-TEST_F(PacketLoad, EqualColumnsAndValuesStayTogetherButAnotherValueSplits) {
-  MakePacket();
-  Sql().Execute({shapes::Folder(3, L"Иначе", 1),
-                 shapes::Template(10, 2, 1, L"A"), shapes::Column(10, 21, 1, L"Длина", L"5"),
-                 shapes::Template(11, 2, 1, L"B"), shapes::Column(11, 21, 1, L"Длина", L"5"),
-                 shapes::Template(12, 3, 1, L"C"), shapes::Column(12, 21, 1, L"Длина", L"5"),
-                 shapes::Template(13, 3, 1, L"D"), shapes::Column(13, 21, 1, L"Длина", L"6")});
-  ASSERT_TRUE(Reload());
-  LxFolder* root = packet_GetRootFolder(provider_GetPacketByName(provider_, L"Пакет"));
-  LxFolder* same = nullptr;
-  LxFolder* other = nullptr;
-  for (int32_t i = 0; i < folder_GetChildFolderCount(root); ++i) {
-    LxFolder* child = folder_GetChildFolder(root, i);
-    (std::wstring(folder_GetName(child)) == L"Отводы" ? same : other) = child;
-  }
-  ASSERT_TRUE(same && other);
-  EXPECT_EQ(folder_GetChildFolderCount(same), 0);
-  EXPECT_EQ(table_GetAttributeCount(folder_GetTable(same)), 1);
-  EXPECT_EQ(ChildNames(other), (std::vector<std::wstring>{L"0", L"1"}));
 }
 
 TEST_F(PacketLoad, VirtualFoldersRefuseStructuralChanges) {

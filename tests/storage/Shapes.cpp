@@ -3,17 +3,10 @@
 #include <algorithm>
 #include <sstream>
 
+#include "CatalogFixture.h"
+
 namespace lxtest::shapes {
 namespace {
-
-std::wstring Quoted(const std::wstring& text) {
-  std::wstring quoted = L"'";
-  for (wchar_t ch : text) {
-    quoted += ch;
-    if (ch == L'\'') quoted += ch;
-  }
-  return quoted + L"'";
-}
 
 std::wstring N(std::int32_t number) { return std::to_wstring(number); }
 
@@ -57,33 +50,6 @@ std::wstring SizeValue(std::int32_t sizeId, std::int32_t number, std::int32_t ty
   return L"EXECUTE PROCEDURE CREATE_ATTR_VAL(" + N(number) + L", " + N(sizeId) + L", " + ValueSlots(type, value) + L")";
 }
 
-std::wstring ManySizes(std::int32_t firstId, std::int32_t templateId, const std::wstring& prefix, std::int32_t count) {
-  return L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; BEGIN WHILE (i <= " + N(count) +
-         L") DO BEGIN "
-         L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + N(firstId - 1) + L" + :i, " +
-         N(templateId) + L", " + Quoted(prefix) + L" || :i); "
-         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(21, " + N(firstId - 1) + L" + :i, 3 * :i, NULL, NULL); "
-         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(22, " + N(firstId - 1) + L" + :i, NULL, :i / 4.0, NULL); "
-         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(23, " + N(firstId - 1) + L" + :i, NULL, NULL, 't' || :i); "
-         L"i = i + 1; END END";
-}
-
-std::wstring ManyTemplates(std::int32_t firstId, std::int32_t folder, std::int32_t packet, const std::wstring& prefix,
-                           std::int32_t count) {
-  const std::wstring id = N(firstId - 1) + L" + :i";
-  return L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; DECLARE a INTEGER; BEGIN WHILE (i <= " + N(count) +
-         L") DO BEGIN "
-         L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (" + id +
-         L", 4, 2, " + N(folder) + L", " + N(packet) + L", 'T' || :i); "
-         L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + id + L", 21, 21, 1, 'Ширина', 'Ширина изделия', 'мм', 'W', NULL, 7, "
-         L"NULL, NULL) RETURNING_VALUES :a; "
-         L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + id + L", 22, 22, 3, 'Марка', 'Марка стали', NULL, NULL, NULL, NULL, "
-         L"NULL, NULL) RETURNING_VALUES :a; "
-         L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + id + L", " + id + L", " + Quoted(prefix) +
-         L" || :i); "
-         L"i = i + 1; END END";
-}
-
 }  // namespace lxtest::shapes
 
 namespace lxtest {
@@ -111,11 +77,10 @@ void DumpTable(LxFolderTable* table, const std::wstring& path, std::vector<std::
 
 }  // namespace
 
-const NumberFormat kDumpFormat{false, 6};
-
-std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format) {
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute) {
+  const NumberFormat format{false, 6};
   ValueView view{};
-  if (!stdsize_GetValue(size, attribute, format, &view)) return L"<none>";
+  if (!stdsize_GetValue(size, attribute, &format, &view)) return L"<none>";
   std::wostringstream text;
   switch (view.index) {
     case LX_VALUE_INT: text << L"i:" << view.payload.integer; break;

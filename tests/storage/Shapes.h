@@ -25,14 +25,6 @@ std::wstring Column(std::int32_t templateId, std::int32_t number, std::int32_t t
 std::wstring Size(std::int32_t id, std::int32_t templateId, const std::wstring& identifier);
 // A size's own value of column `number`; `value` an SQL literal of the type.
 std::wstring SizeValue(std::int32_t sizeId, std::int32_t number, std::int32_t type, const std::wstring& value);
-// `count` sizes "<prefix><i>", i from 1, ids from firstId, in the template,
-// each with own values of columns 21 (integer 3i), 22 (double i/4, which
-// SQL keeps to one decimal) and 23 (text "t<i>").
-std::wstring ManySizes(std::int32_t firstId, std::int32_t templateId, const std::wstring& prefix, std::int32_t count);
-// `count` templates in the folder, ids from firstId, each with the columns
-// 21 (integer, common value 7) and 22 (text) and one size "<prefix><i>".
-std::wstring ManyTemplates(std::int32_t firstId, std::int32_t folder, std::int32_t packet, const std::wstring& prefix,
-                           std::int32_t count);
 
 }  // namespace lxtest::shapes
 
@@ -43,9 +35,7 @@ namespace lxtest {
 std::vector<std::wstring> DumpFolder(LxFolder* folder);
 
 // The kind and text of a size's value of one column ("i:12", "d:7.9",
-// "s:Ст3"), "<none>" when it has none; numbers in the format given (null
-// for the library's default) reach only calculated texts.
-extern const NumberFormat kDumpFormat;
-std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format = &kDumpFormat);
+// "s:Ст3"), "<none>" when it has none.
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute);
 
 }  // namespace lxtest

@@ -1,11 +1,11 @@
-// Calculated columns on loaded sizes: what a formula reads, the client's
-// number format travelling down, and the guard that ends cycles.
+// Calculated columns on loaded sizes: references the table lacks, the guard
+// that ends cycles, and the unique values of a packet. What a formula reads
+// and the number format it gets are tested with the values (ValueTest).
 #include "CatalogFixture.h"
 #include "DebugOutput.h"
 #include "Shapes.h"
 
 using lxtest::Captured;
-using lxtest::FlushText;
 using lxtest::Writes;
 namespace shapes = lxtest::shapes;
 using lxtest::ValueText;
@@ -32,38 +32,6 @@ class SizeFormula : public lxtest::CatalogFixture {
     return folder_GetTable(folder_GetChildFolder(packet_GetRootFolder(packet), 0));
   }
 };
-
-TEST_F(SizeFormula, ArithmeticReadsTheSizesOwnValues) {
-  LxFolderTable* table = Table({L"{A21*2+1}"});
-  LxAttribute* calculated = table_FindAttribute(table, L"Расчёт30");
-  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-12"), calculated), L"i:25");
-  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-16"), calculated), L"i:33");
-  EXPECT_FALSE(attribute_CanEditForumalaValue(calculated));
-}
-
-TEST_F(SizeFormula, TextFormulaPrintsNumbersUnderTheClientsFormat) {
-  LxFolderTable* table = Table({L"Болт М{A21}x{A22}"});
-  LxStdSize* size = table_FindStdSize(table, L"Б-12");
-  LxAttribute* calculated = table_FindAttribute(table, L"Расчёт30");
-  EXPECT_EQ(ValueText(size, calculated, nullptr), L"s:Болт М12x7,90");
-  const NumberFormat integerForm{false, 0};
-  EXPECT_EQ(ValueText(size, calculated, &integerForm), L"s:Болт М12x7");
-  // The view points at the last evaluation's result and stays valid until
-  // the next read of the column on this size.
-  ValueView view{};
-  ASSERT_TRUE(stdsize_GetValue(size, calculated, nullptr, &view));
-  const std::wstring seen(view.payload.text, view.length);
-  EXPECT_EQ(seen, L"Болт М12x7,90");
-}
-
-TEST_F(SizeFormula, FormulaBeatsAnOwnValueOfItsColumn) {
-  LxFolderTable* table = Table({L"{A21+100}"});
-  Sql().Execute(shapes::SizeValue(100, 30, 3, L"'собственное'"));
-  ASSERT_TRUE(Reload());
-  LxPacket* packet = provider_GetPacketByName(provider_, L"Крепёж");
-  table = folder_GetTable(folder_GetChildFolder(packet_GetRootFolder(packet), 0));
-  EXPECT_EQ(ValueText(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30")), L"i:112");
-}
 
 TEST_F(SizeFormula, ReferenceToAColumnTheTableLacksIsEmptyAndSilent) {
   LxFolderTable* table = Table({L"М{A77}x{Нет такого}"});

@@ -144,8 +144,6 @@ std::int32_t CatalogSql::Int(const std::wstring& sql) {
 
 std::vector<std::wstring> CatalogSql::Texts(const std::wstring& query) { return SqlScope(&provider_).Texts(query); }
 
-std::vector<unsigned char> CatalogSql::Blob(const std::wstring& query) { return SqlScope(&provider_).Blob(query); }
-
 std::vector<std::string> CatalogSql::Schema() { return SqlScope(&provider_).Schema(); }
 
 }  // namespace lxtest

@@ -62,7 +62,6 @@ class CatalogSql {
   // RETURNING or a procedure that writes stays.
   std::int32_t Int(const std::wstring& sql);
   std::vector<std::wstring> Texts(const std::wstring& query);
-  std::vector<unsigned char> Blob(const std::wstring& query);
   std::vector<std::string> Schema();
 
  private:

@@ -10,7 +10,6 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
 #include "TempDir.h"
 
@@ -106,13 +105,6 @@ ChildResult RunChild(const std::string& program, const std::vector<std::string>&
   result.out = ReadWhole(out);
   result.err = ReadWhole(err);
   return result;
-}
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
 }
 
 }  // namespace lxtest

@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace lxtest {
@@ -33,8 +32,5 @@ void WriteWhole(const std::filesystem::path& path, const std::string& bytes);
 std::string BesideThisProgram(const std::string& name);
 // A path as the library writes it into a command line.
 std::string Backslashed(const std::filesystem::path& path);
-
-// The lines of a text, without their '\n'; a last line without one counts.
-std::vector<std::string> Lines(const std::string& text);
 
 }  // namespace lxtest

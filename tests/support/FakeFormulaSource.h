@@ -46,12 +46,6 @@ class FakeFormulaSource : public IFormulaDataSource {
   }
 
   void SetAcceptsWrites(bool accepts) { acceptsWrites_ = accepts; }
-  // Keeps the tables, forgets what was recorded.
-  void ClearLog() {
-    reads_.clear();
-    formats_.clear();
-    writes_.clear();
-  }
 
   const std::vector<std::wstring>& Reads() const { return reads_; }
   const std::vector<NumberFormat>& Formats() const { return formats_; }

@@ -42,10 +42,4 @@ std::vector<std::string> StderrCapture::FinishWrites() {
   return writes_;
 }
 
-std::string StderrCapture::Finish() {
-  std::string all;
-  for (const std::string& write : FinishWrites()) all += write;
-  return all;
-}
-
 }  // namespace lxtest

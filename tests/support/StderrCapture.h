@@ -17,9 +17,8 @@ class StderrCapture {
   StderrCapture(const StderrCapture&) = delete;
   StderrCapture& operator=(const StderrCapture&) = delete;
 
-  // Stops capturing (if still on) and returns everything written, as UTF-8.
-  std::string Finish();
-  // Stops capturing (if still on) and returns each write(2) separately.
+  // Stops capturing (if still on) and returns each write(2) separately, as
+  // UTF-8.
   std::vector<std::string> FinishWrites();
 
  private:

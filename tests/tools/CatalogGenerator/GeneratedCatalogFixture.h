@@ -34,7 +34,6 @@ class GeneratedCatalogFixture : public CatalogFixture {
   CatalogCounts Generate(const CatalogShape& shape, GenerationProgress progress = {});
   CatalogCounts GenerateInto(const std::wstring& file, const CatalogShape& shape);
 
-  std::int32_t Rows(const std::wstring& table) { return Sql().Int(L"SELECT COUNT(*) FROM " + table); }
   // Whether the folder bound trigger is on, read from the system tables.
   bool BoundTriggerActive();
   bool ForcedWrites();

@@ -40,7 +40,7 @@ TEST_F(Generation, WritesTheRowsTheShapeStandsFor) {
       {L"STANDARDSIZE", written.sizes}, {L"OBJECTATTRIBUTE", written.templateAttributes},
       {L"ATTRIBUTEVALUE", written.sizeValues}, {L"CONCRETEVALUE", written.values},
       {L"ATTRIBUTENAME", written.newAttributeNames}, {L"ATTRIBUTEDESCRIPTION", written.newAttributeDescriptions}};
-  for (const auto& [table, count] : rows) EXPECT_EQ(Rows(table), count) << table;
+  for (const auto& [table, count] : rows) EXPECT_EQ(Count(table), count) << table;
   // Templates stand only in the leaves.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(DISTINCT FOLDERID) FROM OBJECT"), 8);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT O WHERE EXISTS (SELECT 1 FROM FOLDER F WHERE F.ID_PARENT = "
@@ -77,10 +77,6 @@ TEST_F(Generation, ValuesStandInTheColumnOfTheirType) {
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE OA JOIN CONCRETEVALUE CV ON CV.ID = "
                       L"OA.CONCRETEVALUEID WHERE NOT " + kRightColumn),
             0);
-  // All three kinds per size: 11 (text), 21 (integer), 22 (double).
-  for (int type = 1; type <= 3; ++type) {
-    EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE OA.ATTRTYPE = " + std::to_wstring(type)), 48) << "type " << type;
-  }
 }
 
 TEST_F(Generation, EachSizeHasOneValueForEachPlainAttributeOfItsOwnTemplate) {
@@ -113,6 +109,8 @@ TEST_F(Generation, CommonValuesAreOnTheTemplateAndEqualWithinAFolder) {
 
 TEST_F(Generation, AttributeElevenHoldsEachSizesIdentifier) {
   Generate(SmallTree());
+  // The literals go through the test's own conversion, so these match only
+  // if the generator stored the same code page 1251 bytes.
   EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT N.NAME || '|' || D.DESCRIPTION || '|' || OA.ATTRTYPE FROM "
                         L"OBJECTATTRIBUTE OA JOIN ATTRIBUTENAME N ON N.ID = OA.ATTRIBUTENAMEID JOIN "
                         L"ATTRIBUTEDESCRIPTION D ON D.ID = OA.ATTRIBUTEDESCRIPTIONID WHERE OA.NUMBER = 11"),
@@ -144,8 +142,8 @@ TEST_F(Generation, ManyValuesPerSizeAreWrittenWhole) {
   shape.sizesPerTemplate = 3;
   shape.attributes = 70;
   Generate(shape);
-  EXPECT_EQ(Rows(L"ATTRIBUTEVALUE"), 3 * 71);
-  EXPECT_EQ(Rows(L"CONCRETEVALUE"), 3 * 71);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), 3 * 71);
+  EXPECT_EQ(Count(L"CONCRETEVALUE"), 3 * 71);
   EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE " + kRightColumn), 3 * 71);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT STANDARDSIZEID FROM ATTRIBUTEVALUE GROUP BY 1 "
                       L"HAVING COUNT(DISTINCT OBJECTATTRIBUTEID) = 71)"),
@@ -174,15 +172,6 @@ TEST_F(Generation, TheSameSeedWritesTheSameCatalog) {
   EXPECT_EQ(TextsOf(first, rows), TextsOf(second, rows));
   EXPECT_NE(TextsOf(first, values), TextsOf(reseeded, values));
   EXPECT_EQ(TextsOf(first, rows), TextsOf(reseeded, rows));
-}
-
-TEST_F(Generation, TextsReachTheCatalogInCodePage1251) {
-  Generate(SmallTree());
-  // The literal goes through the test's own conversion, so this matches only
-  // if the generator stored the same bytes.
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER WHERE NAME STARTING WITH 'Папка '"), 12);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE NAME STARTING WITH 'Шаблон '"), 24);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE WHERE MEASURE = 'мм'"), 24);
 }
 
 }  // namespace

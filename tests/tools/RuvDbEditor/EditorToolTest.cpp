@@ -19,7 +19,6 @@ namespace {
 using lxtest::ChildResult;
 using lxtest::EmbeddedCatalog;
 using lxtest::Backslashed;
-using lxtest::Lines;
 using lxtest::RunChild;
 
 ChildResult Tool(const std::vector<std::string>& arguments) {
@@ -47,7 +46,7 @@ void ExpectSuccess(const ChildResult& run) {
 
 void ExpectOneLineFailure(const ChildResult& run, int exitCode = 1) {
   EXPECT_EQ(run.exitCode, exitCode);
-  EXPECT_EQ(Lines(run.err).size(), 1u) << run.err;
+  EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
   EXPECT_EQ(run.err.back(), '\n');
   EXPECT_EQ(run.out, "");
 }
@@ -176,12 +175,6 @@ const std::initializer_list<std::wstring> kOlderCatalog{
     L"DROP TABLE INFO",
 };
 
-void MakeOlder(EmbeddedCatalog& catalog) {
-  // DDL takes effect at commit; each statement on its own keeps the drops
-  // from depending on one another inside one transaction.
-  for (const std::wstring& statement : kOlderCatalog) catalog.Sql().Execute(statement);
-}
-
 // The engine here writes the structure the empty catalog has, so a catalog
 // of ours is current and is not rewritten; nor does its schema change.
 TEST(ToolSchemaUpdate, AnUpToDateCatalogIsNotChanged) {
@@ -203,7 +196,9 @@ TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   EmbeddedCatalog catalog;
   const std::vector<std::string> schema = catalog.Sql().Schema();
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Старый каталог')");
-  MakeOlder(catalog);
+  // DDL takes effect at commit; each statement on its own keeps the drops
+  // from depending on one another inside one transaction.
+  for (const std::wstring& statement : kOlderCatalog) catalog.Sql().Execute(statement);
   ASSERT_NE(catalog.Sql().Schema(), schema);
 
   ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
@@ -218,12 +213,6 @@ TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   catalog.Sql().Execute(L"INSERT INTO TEMPLATE (NAME) VALUES ('Шаблон')");
   EXPECT_EQ(catalog.Sql().Int(L"SELECT ID FROM TEMPLATE"), 1);
   EXPECT_THROW(catalog.Sql().Execute(L"DELETE FROM PROJECTION WHERE ID = 1"), IBPP::Exception);
-
-  // A second run finds nothing to do.
-  const std::int32_t nameCounter = catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE");
-  ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
-  EXPECT_EQ(catalog.Sql().Schema(), schema);
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(RDB$CONSTRAINT_NAME, 0) FROM RDB$DATABASE"), nameCounter);
 }
 
 TEST(ToolSchemaUpdate, OneFailingChangeLeavesTheCatalogAsItWas) {
