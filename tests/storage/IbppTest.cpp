@@ -50,14 +50,6 @@ TEST_F(IbppTest, SqlErrorCarriesTheWholeClientText) {
   }
 }
 
-TEST_F(IbppTest, FailedConnectLeavesTheDatabaseDetached) {
-  IBPP::Database missing("", (catalog_.File().parent_path() / "absent" / "none.fdb").string(), "SYSDBA", "", "", "",
-                         "");
-  if (TestCatalog::ThroughServer()) GTEST_SKIP() << "the missing file is looked for locally";
-  EXPECT_THROW(missing.Connect(), IBPP::Exception);
-  EXPECT_FALSE(missing.Connected());
-}
-
 TEST_F(IbppTest, ExecuteProcedureAndReturningGiveTheirRowWithoutFetch) {
   auto statement = NewStatement();
   statement.Prepare("EXECUTE PROCEDURE GET_ATTR_NAME(?)");

@@ -160,14 +160,6 @@ TEST_F(GeneratedTree, AFailedGenerationLeavesNothingBehind) {
   EXPECT_EQ(provider_GetPacketCount(provider_), 0);
 }
 
-TEST_F(GeneratedTree, AShapeThatCantBeGeneratedTouchesNothing) {
-  CatalogShape shape;
-  shape.splitGroups = 2;  // by common values, but there are none
-  EXPECT_THROW(Generate(shape), std::invalid_argument);
-  EXPECT_EQ(Count(L"FOLDER"), 0);
-  EXPECT_TRUE(BoundTriggerActive());
-}
-
 TEST_F(GeneratedTree, ACatalogWithoutObjectTypesIsRefusedBeforeAnyRow) {
   Sql().Execute(L"DELETE FROM OBJECTTYPE");
   EXPECT_THROW(Generate(ThreePackets()), std::runtime_error);

@@ -46,13 +46,6 @@ TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirstAndLeavesHaveNoChildren) {
   EXPECT_TRUE(PacketFolderTree(1, 3).IsLeaf(0));
 }
 
-TEST(PacketFolderTree, BoundsOfASmallTreeAreTheTriggersNumbers) {
-  // What the bound trigger gives a root, two children and a grandchild under
-  // the first child, inserted in that order: root 1..8, child 2..5 with the
-  // grandchild 3..4, child 6..7.
-  EXPECT_EQ(BoundsText(PacketFolderTree(4, 2).Bounds(1)), (std::vector<std::string>{"1,8", "2,5", "6,7", "3,4"}));
-}
-
 TEST(PacketFolderTree, BoundsMatchARecursiveNumberingForManyShapes) {
   for (std::int32_t folders : {1, 2, 3, 10, 21, 100}) {
     for (std::int32_t fanOut : {1, 2, 3, 5, 200}) {
