@@ -7,34 +7,32 @@ namespace {
 
 using Chunk = DataLoad::Chunk;
 
-TEST(SplitIntoChunks, EightThreads) {
-  std::vector<Chunk> fiveThousand = DataLoad::SplitIntoChunks(5000, 8);
-  ASSERT_EQ(fiveThousand.size(), 8u);
-  for (std::size_t i = 0; i < 8; ++i) EXPECT_EQ(fiveThousand[i], (Chunk{i * 625, (i + 1) * 625}));
+struct Split {
+  std::size_t keys;
+  unsigned threads;
+  std::vector<Chunk> chunks;
+};
 
-  EXPECT_EQ(DataLoad::SplitIntoChunks(1001, 8),
-            (std::vector<Chunk>{{0, 250}, {250, 500}, {500, 750}, {750, 1001}}));
-}
-
-TEST(SplitIntoChunks, RemainderGoesIntoTheStridesAndTheLastChunk) {
-  // 2000 / 3 = 666 a chunk, 3 chunks, remainder 2 spread as 0 per stride.
-  EXPECT_EQ(DataLoad::SplitIntoChunks(2000, 3), (std::vector<Chunk>{{0, 666}, {666, 1332}, {1332, 2000}}));
-  // 1999 keys on 2 threads: 999 a chunk, 2 chunks, stride 999 + 1/2 = 999.
-  EXPECT_EQ(DataLoad::SplitIntoChunks(1999, 2), (std::vector<Chunk>{{0, 999}, {999, 1999}}));
-  // 1100 keys on 8 threads: at least 250 a chunk, so 4 chunks; the 100 left
-  // over add 25 to each stride.
-  EXPECT_EQ(DataLoad::SplitIntoChunks(1100, 8),
-            (std::vector<Chunk>{{0, 275}, {275, 550}, {550, 825}, {825, 1100}}));
-}
-
-TEST(SplitIntoChunks, UnknownThreadCountCountsAsEight) {
+// Worked out by hand: at least 250 keys a chunk and at most one chunk a
+// thread; what is left over widens every stride by its share (1100 on 8:
+// 4 chunks, 100 left, 25 more each), and the last chunk ends at the last
+// key. An unknown thread count (0) counts as eight.
+TEST(SplitIntoChunks, SplitsWorkedOutByHand) {
+  const Split splits[] = {
+      {5000, 8, {{0, 625}, {625, 1250}, {1250, 1875}, {1875, 2500}, {2500, 3125}, {3125, 3750}, {3750, 4375},
+                 {4375, 5000}}},
+      {1001, 8, {{0, 250}, {250, 500}, {500, 750}, {750, 1001}}},
+      {1100, 8, {{0, 275}, {275, 550}, {550, 825}, {825, 1100}}},
+      {2000, 3, {{0, 666}, {666, 1332}, {1332, 2000}}},
+      {1999, 2, {{0, 999}, {999, 1999}}},
+      {100, 8, {{0, 100}}},
+      {300, 1, {{0, 300}}},
+      {0, 8, {}},
+  };
+  for (const Split& split : splits) {
+    EXPECT_EQ(DataLoad::SplitIntoChunks(split.keys, split.threads), split.chunks) << split.keys << "/" << split.threads;
+  }
   EXPECT_EQ(DataLoad::SplitIntoChunks(5000, 0), DataLoad::SplitIntoChunks(5000, 8));
-}
-
-TEST(SplitIntoChunks, FewKeysAreOneChunkAndNoneAreNone) {
-  EXPECT_EQ(DataLoad::SplitIntoChunks(100, 8), (std::vector<Chunk>{{0, 100}}));
-  EXPECT_EQ(DataLoad::SplitIntoChunks(300, 1), (std::vector<Chunk>{{0, 300}}));
-  EXPECT_TRUE(DataLoad::SplitIntoChunks(0, 8).empty());
 }
 
 TEST(SplitIntoChunks, ChunksCoverEveryKeyOnce) {

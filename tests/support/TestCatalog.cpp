@@ -42,22 +42,11 @@ TestCatalog::TestCatalog(bool throughServer, const std::string& subfolder)
 }
 
 TestCatalog::~TestCatalog() {
-  if (pool_ != nullptr) lxDeleteProviderPool(pool_);
   provider_.reset();
   if (throughServer_) {
     std::error_code ignored;
     std::filesystem::remove(file_, ignored);
   }
-}
-
-LxDataProvider* TestCatalog::Attached() {
-  if (attached_ != nullptr) return attached_;
-  static std::atomic<int> pools{0};
-  const std::wstring name = L"TestCatalog" + std::to_wstring(getpid()) + L"-" + std::to_wstring(pools++);
-  pool_ = lxAddLibraryProviderPool(name.c_str(), L"/lib/test-catalog.ulb");
-  attached_ = pool_AddProvider(pool_, provider_->GetServerName().c_str(), path_.c_str(),
-                               provider_->GetUserName().c_str(), provider_->GetPassword().c_str());
-  return attached_;
 }
 
 std::unique_ptr<CDataProvider> TestCatalog::ProviderWithPassword(const std::wstring& password) const {

@@ -1,7 +1,6 @@
 // TestCatalog: a catalog database of one test, a new file written by
-// lxCreateEmptyFDB, with a provider of the storage layer for it, SQL on it
-// and, on first use, a provider attached through the C interface in a pool
-// of its own.
+// lxCreateEmptyFDB, with a provider of the storage layer for it and SQL on
+// it. (CatalogFixture is the same with a provider of the C interface.)
 //
 // By default the file is in a private temporary folder and opened embedded
 // (one process per database file, so every test needs its own). When
@@ -31,7 +30,6 @@ class TestCatalog {
   TestCatalog& operator=(const TestCatalog&) = delete;
 
   CDataProvider* Provider() { return provider_.get(); }
-  LxDataProvider* Attached();
   CatalogSql& Sql() { return *sql_; }
   const std::filesystem::path& File() const { return file_; }
   const std::wstring& Path() const { return path_; }
@@ -54,8 +52,6 @@ class TestCatalog {
   std::wstring path_;
   std::unique_ptr<CDataProvider> provider_;
   std::unique_ptr<CatalogSql> sql_;
-  LxProviderPool* pool_ = nullptr;
-  LxDataProvider* attached_ = nullptr;
 };
 
 class EmbeddedCatalog : public TestCatalog {

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "CatalogFixture.h"
 #include "ChildProcess.h"
 #include "DebugOutput.h"
 #include "LxDataAccess.h"
@@ -32,22 +33,23 @@ bool LibraryWasSilent(const Writes& writes) {
 
 std::wstring Wide(const std::filesystem::path& path) { return Utf8ToWide(path.string()); }
 
-// The catalog that lxCreateEmptyFDB wrote opens through the library.
-TEST(ReadOnlyExport, RoundTripSeenByTheWritabilityProbe) {
-  EmbeddedCatalog catalog;
-  LxDataProvider* provider = catalog.Attached();
-  ASSERT_NE(provider, nullptr);
-  EXPECT_TRUE(provider_IsEditable(provider));
+// The catalog that lxCreateEmptyFDB wrote, attached through the library.
+// Embedded: the tool works embedded.
+class ReadOnlyExport : public lxtest::CatalogFixture {};
 
-  EXPECT_TRUE(lxSetDatabaseReadonly(catalog.Path().c_str(), true));
-  auto [editable, writes] = Captured([&] { return provider_IsEditable(provider); });
+TEST_F(ReadOnlyExport, RoundTripSeenByTheWritabilityProbe) {
+  ASSERT_NE(provider_, nullptr);
+  EXPECT_TRUE(provider_IsEditable(provider_));
+
+  EXPECT_TRUE(lxSetDatabaseReadonly(database_.c_str(), true));
+  auto [editable, writes] = Captured([&] { return provider_IsEditable(provider_); });
   EXPECT_FALSE(editable);
   EXPECT_TRUE(writes.empty());
   // Reading still works on a read-only catalog.
-  EXPECT_STREQ(provider_GetParam(provider, L"VERSION", L""), L"1");
+  EXPECT_STREQ(provider_GetParam(provider_, L"VERSION", L""), L"1");
 
-  EXPECT_TRUE(lxSetDatabaseReadonly(catalog.Path().c_str(), false));
-  EXPECT_TRUE(provider_IsEditable(provider));
+  EXPECT_TRUE(lxSetDatabaseReadonly(database_.c_str(), false));
+  EXPECT_TRUE(provider_IsEditable(provider_));
 }
 
 // An up-to-date catalog stays as it is run after run. What an older one
@@ -77,18 +79,6 @@ TEST(ToolExports, FalseWhenTheToolFailsOrTheFileIsMissing) {
   auto [missing, missingWrites] = Captured([&] { return lxUpdateDatabase(Wide(folder.path() / "no.fdb").c_str()); });
   EXPECT_FALSE(missing);
   EXPECT_TRUE(missingWrites.empty());
-}
-
-TEST(UpdateUlbExport, TrueForAReadableModuleFalseOtherwise) {
-  lxtest::TempDir folder;
-  const std::filesystem::path module = folder.path() / "Трубы.ulb";
-  std::ofstream(module) << "module";
-  EXPECT_TRUE(lxUpdateUlb(Wide(module).c_str()));
-  // Missing: the library's own test, no tool run. A folder: the tool's.
-  EXPECT_FALSE(lxUpdateUlb(Wide(folder.path() / "missing.ulb").c_str()));
-  auto [folderResult, writes] = Captured([&] { return lxUpdateUlb(Wide(folder.path()).c_str()); });
-  EXPECT_FALSE(folderResult);
-  EXPECT_TRUE(LibraryWasSilent(writes));
 }
 
 // ---- the probe on a file this process may not write

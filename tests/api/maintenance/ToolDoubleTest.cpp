@@ -23,15 +23,12 @@ using Received = std::vector<std::vector<std::string>>;
 
 class ToolDouble : public ::testing::Test {
  protected:
+  // Every test starts with a log of its own and no exit codes set.
   void SetUp() override {
     setenv("LX_FAKE_EDITOR_LOG", Log().c_str(), 1);
     for (const char* option : kExitVariables) unsetenv(option);
     std::filesystem::create_directories(database_.parent_path());
     std::ofstream(database_) << "the double never reads it";
-  }
-  void TearDown() override {
-    unsetenv("LX_FAKE_EDITOR_LOG");
-    for (const char* option : kExitVariables) unsetenv(option);
   }
 
   std::string Log() const { return (folder_.path() / "received.log").string(); }

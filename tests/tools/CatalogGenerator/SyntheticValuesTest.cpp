@@ -26,14 +26,8 @@ TEST(SyntheticValues, TheSeedAndThePlaceFixTheValue) {
 TEST(SyntheticValues, ValuesHaveTheKindOfTheirType) {
   const SyntheticValues values(3);
   for (std::int64_t size = 0; size < 200; ++size) {
-    const Value integer = values.SizeValue(size, 21, 1);
-    ASSERT_TRUE(IsInteger(integer));
-    EXPECT_GE(std::get<std::int32_t>(integer), -1000);
-    EXPECT_LE(std::get<std::int32_t>(integer), 1000);
-    const Value real = values.SizeValue(size, 22, 2);
-    ASSERT_TRUE(IsDouble(real));
-    EXPECT_GE(std::get<double>(real), 0.0);
-    EXPECT_LE(std::get<double>(real), 2000.0);
+    EXPECT_TRUE(IsInteger(values.SizeValue(size, 21, 1)));
+    EXPECT_TRUE(IsDouble(values.SizeValue(size, 22, 2)));
     const Value text = values.SizeValue(size, 23, 3);
     ASSERT_TRUE(IsString(text));
     EXPECT_FALSE(std::get<std::wstring>(text).empty());
