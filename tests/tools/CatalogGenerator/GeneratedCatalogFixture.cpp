@@ -10,10 +10,6 @@ CatalogCounts GeneratedCatalogFixture::Generate(const CatalogShape& shape, Gener
                                           std::move(progress));
 }
 
-CatalogCounts GeneratedCatalogFixture::GenerateInto(const std::wstring& file, const CatalogShape& shape) {
-  return CatalogGenerator(shape).Generate(connection_.server, file, connection_.user, connection_.password);
-}
-
 bool GeneratedCatalogFixture::BoundTriggerActive() {
   return Sql().Int(L"SELECT COUNT(*) FROM RDB$TRIGGERS WHERE RDB$TRIGGER_NAME = 'TR_GEN_FOLDER_BOUND' "
                    L"AND COALESCE(RDB$TRIGGER_INACTIVE, 0) = 0") == 1;
@@ -35,10 +31,6 @@ std::int32_t GeneratedCatalogFixture::BrokenBounds() {
              L"SELECT COUNT(*) FROM FOLDER A JOIN FOLDER B ON A.ID <> B.ID AND (A.LEFT_BOUND = B.LEFT_BOUND "
              L"OR A.LEFT_BOUND = B.RIGHT_BOUND OR A.RIGHT_BOUND = B.RIGHT_BOUND)") +
          Sql().Int(L"SELECT COUNT(*) FROM FOLDER WHERE LEFT_BOUND = RIGHT_BOUND");
-}
-
-std::vector<std::wstring> GeneratedCatalogFixture::TextsOf(const std::wstring& file, const std::wstring& query) {
-  return CatalogSql(connection_.server, file, connection_.user, connection_.password).Texts(query);
 }
 
 }  // namespace lxtest

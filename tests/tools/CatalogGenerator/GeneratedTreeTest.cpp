@@ -5,7 +5,6 @@
 // nothing behind.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <set>
 
 #include "GeneratedCatalogFixture.h"

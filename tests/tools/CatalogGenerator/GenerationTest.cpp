@@ -3,8 +3,6 @@
 // rows again for the same seed.
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "GeneratedCatalogFixture.h"
 #include "formula/FormulaParser.h"
 #include "tools/CatalogGenerator/CatalogPlan.h"
@@ -152,14 +150,17 @@ TEST_F(Generation, ManyValuesPerSizeAreWrittenWhole) {
 }
 
 TEST_F(Generation, TheSameSeedWritesTheSameCatalog) {
-  const std::wstring first = NewCatalogFile("first.fdb");
+  const std::wstring first = database_;
   const std::wstring second = NewCatalogFile("second.fdb");
   const std::wstring reseeded = NewCatalogFile("reseeded.fdb");
   CatalogShape shape = SmallTree();
-  GenerateInto(first, shape);
-  GenerateInto(second, shape);
+  Generate(shape);
+  CatalogGenerator(shape).Generate(connection_.server, second, connection_.user, connection_.password);
   shape.seed += 1;
-  GenerateInto(reseeded, shape);
+  CatalogGenerator(shape).Generate(connection_.server, reseeded, connection_.user, connection_.password);
+  auto textsOf = [&](const std::wstring& file, const std::wstring& query) {
+    return lxtest::CatalogSql(connection_.server, file, connection_.user, connection_.password).Texts(query);
+  };
 
   const std::wstring values =
       L"SELECT ID || '|' || COALESCE(INTVAL, '-') || '|' || COALESCE(DOUBLEVAL, '-') || '|' || "
@@ -167,11 +168,11 @@ TEST_F(Generation, TheSameSeedWritesTheSameCatalog) {
   const std::wstring rows =
       L"SELECT S.ID || '|' || S.IDENTIFIER || '|' || O.NAME || '|' || F.NAME || '|' || F.LEFT_BOUND FROM "
       L"STANDARDSIZE S JOIN OBJECT O ON O.ID = S.OBJECTID JOIN FOLDER F ON F.ID = O.FOLDERID ORDER BY S.ID";
-  EXPECT_EQ(TextsOf(first, values).size(), 168u);
-  EXPECT_EQ(TextsOf(first, values), TextsOf(second, values));
-  EXPECT_EQ(TextsOf(first, rows), TextsOf(second, rows));
-  EXPECT_NE(TextsOf(first, values), TextsOf(reseeded, values));
-  EXPECT_EQ(TextsOf(first, rows), TextsOf(reseeded, rows));
+  EXPECT_EQ(textsOf(first, values).size(), 168u);
+  EXPECT_EQ(textsOf(first, values), textsOf(second, values));
+  EXPECT_EQ(textsOf(first, rows), textsOf(second, rows));
+  EXPECT_NE(textsOf(first, values), textsOf(reseeded, values));
+  EXPECT_EQ(textsOf(first, rows), textsOf(reseeded, rows));
 }
 
 }  // namespace

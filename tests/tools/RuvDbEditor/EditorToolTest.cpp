@@ -11,7 +11,6 @@
 #include "ChildProcess.h"
 #include "TestCatalog.h"
 #include "TempDir.h"
-#include "platform/TextCodec.h"
 #include "storage/ibpp/IBPP.h"
 
 namespace {
