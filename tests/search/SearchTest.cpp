@@ -110,6 +110,13 @@ class Search : public ::testing::Test {
     return found;
   }
 
+  // The search fails with exactly this one message.
+  static void ExpectRefused(const wchar_t* packets, const wchar_t* query, const std::string& message) {
+    auto [result, writes] = Captured([&] { return pool_GetSearchResult(catalog_->pool, packets, query); });
+    EXPECT_EQ(result, nullptr);
+    EXPECT_EQ(writes, Writes{FlushText({message})}) << testing::PrintToString(std::wstring(packets));
+  }
+
   static LxFolder* MainRoot() { return packet_GetRootFolder(provider_GetPacketByName(catalog_->main, L"Отводы")); }
 
   static Catalog* catalog_;
@@ -178,25 +185,17 @@ TEST_F(Search, TheFirstProviderWithThePacketWins) {
 
 TEST_F(Search, OnlyTheBackslashDescends) {
   EXPECT_EQ(Searched(L"A/B", L"Диаметр>0"), std::vector<std::wstring>{L"Отвод-2000"});
-  auto [result, writes] = Captured([] { return pool_GetSearchResult(catalog_->pool, L"Отводы/Папка1", L"Диаметр>0"); });
-  EXPECT_EQ(result, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Отсутствует пакет 'Отводы/Папка1' [CSearchHelper::_Run]"})});
+  ExpectRefused(L"Отводы/Папка1", L"Диаметр>0", "Отсутствует пакет 'Отводы/Папка1' [CSearchHelper::_Run]");
 }
 
 TEST_F(Search, ATrailingSemicolonIsAnEmptyItemThatFails) {
-  auto [result, writes] = Captured([] { return pool_GetSearchResult(catalog_->pool, L"Отводы;", L"Диаметр>0"); });
-  EXPECT_EQ(result, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Отсутствует пакет '' [CSearchHelper::_Run]"})});
+  ExpectRefused(L"Отводы;", L"Диаметр>0", "Отсутствует пакет '' [CSearchHelper::_Run]");
   // The first item ran before the empty one failed: its evaluation error wins.
-  auto [raised, raisedWrites] = Captured([] { return pool_GetSearchResult(catalog_->pool, L"Отводы;", L"Марка>1"); });
-  EXPECT_EQ(raised, nullptr);
-  EXPECT_EQ(raisedWrites, Writes{FlushText({" (fun: pool_GetSearchResult) Неизвестное исключение"})});
+  ExpectRefused(L"Отводы;", L"Марка>1", " (fun: pool_GetSearchResult) Неизвестное исключение");
 }
 
 TEST_F(Search, AnEvaluationErrorInOneFolderOfManyFailsTheSearch) {
-  auto [result, writes] = Captured([] { return pool_GetSearchResult(catalog_->pool, L"Отводы", L"Марка>1"); });
-  EXPECT_EQ(result, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: pool_GetSearchResult) Неизвестное исключение"})});
+  ExpectRefused(L"Отводы", L"Марка>1", " (fun: pool_GetSearchResult) Неизвестное исключение");
   // Without the raising folder the same condition just finds nothing.
   EXPECT_TRUE(Searched(L"Отводы\\Папка76", L"Марка>1").empty());
   EXPECT_EQ(Searched(L"Отводы", L"Диаметр>0").size(), 2u * kFolders + 1) << "the library still answers";
@@ -204,22 +203,15 @@ TEST_F(Search, AnEvaluationErrorInOneFolderOfManyFailsTheSearch) {
 
 TEST_F(Search, RefusalsAndTheirMessages) {
   LxProviderPool* pool = catalog_->pool;
-  using Case = std::pair<std::pair<const wchar_t*, const wchar_t*>, std::string>;
-  for (const Case& c : std::vector<Case>{
-           {{L"", L"Диаметр>0"},
-            "Требуется передать не пустой список пакетов (и вложенных фолдеров через /). Разделитель ';' "
-            "[CSearchHelper::_Run]"},
-           {{L"Отводы", L""}, "Требуется передать не пустой запрос [CSearchHelper::_Run]"},
-           {{L"Нет", L"Диаметр>0"}, "Отсутствует пакет 'Нет' [CSearchHelper::_Run]"},
-           {{L"Отводы\\Папка1\\Нет", L"Диаметр>0"},
-            "Отсутствует фолдер 'Нет' в дорожке 'Отводы\\Папка1\\Нет' [CSearchHelper::_Run]"},
-           {{L"Отводы", L"Диаметр"}, " (fun: pool_GetSearchResult) Неизвестное исключение"},
-           {{L"Отводы", L"   "}, " (fun: pool_GetSearchResult) Неизвестное исключение"},
-       }) {
-    auto [result, writes] = Captured([&] { return pool_GetSearchResult(pool, c.first.first, c.first.second); });
-    EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({c.second})});
-  }
+  ExpectRefused(L"", L"Диаметр>0",
+                "Требуется передать не пустой список пакетов (и вложенных фолдеров через /). Разделитель ';' "
+                "[CSearchHelper::_Run]");
+  ExpectRefused(L"Отводы", L"", "Требуется передать не пустой запрос [CSearchHelper::_Run]");
+  ExpectRefused(L"Нет", L"Диаметр>0", "Отсутствует пакет 'Нет' [CSearchHelper::_Run]");
+  ExpectRefused(L"Отводы\\Папка1\\Нет", L"Диаметр>0",
+                "Отсутствует фолдер 'Нет' в дорожке 'Отводы\\Папка1\\Нет' [CSearchHelper::_Run]");
+  ExpectRefused(L"Отводы", L"Диаметр", " (fun: pool_GetSearchResult) Неизвестное исключение");
+  ExpectRefused(L"Отводы", L"   ", " (fun: pool_GetSearchResult) Неизвестное исключение");
   for (const wchar_t* query : {L"", L"Диаметр", L"   "}) {
     auto [result, writes] = Captured([&] { return pool_GetSearchResult2(pool, query); });
     EXPECT_EQ(result, nullptr);
