@@ -13,6 +13,8 @@ class CFolder;
 class CFolderTable;
 class CAttribute;
 class CStandartSize;
+class CSearchResult;
+class CSearchResult2;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
   inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
@@ -25,5 +27,7 @@ LX_BIND_HANDLE(LxFolder, CFolder)
 LX_BIND_HANDLE(LxFolderTable, CFolderTable)
 LX_BIND_HANDLE(LxAttribute, CAttribute)
 LX_BIND_HANDLE(LxStdSize, CStandartSize)
+LX_BIND_HANDLE(LxSearchResult, CSearchResult)
+LX_BIND_HANDLE(LxSearchResult2, CSearchResult2)
 
 #undef LX_BIND_HANDLE

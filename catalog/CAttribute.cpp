@@ -8,8 +8,7 @@
 #include "catalog/CTemplate.h"
 #include "catalog/TemplateAttribute.h"
 #include "formula/FormulaParser.h"
-#include "storage/AttributeOperation.h"
-#include "storage/CDataProvider.h"
+#include "catalog/ICatalogStore.h"
 
 namespace {
 
@@ -23,8 +22,6 @@ FormulaPtr ParseOrNull(const std::wstring& formula) {
     return nullptr;
   }
 }
-
-CDataProvider* ProviderOf(const CFolderTable* table) { return table->GetFolder()->GetPacket()->GetProvider(); }
 
 }  // namespace
 
@@ -72,12 +69,12 @@ bool CAttribute::_SetName(const std::wstring& name) {
                    kMethod);
     return false;
   }
-  const std::int32_t id = ProviderOf(table_)->GetAttributeNameId(name);
+  const std::int32_t id = table_->Store().GetAttributeNameId(name);
   if (id == 0) {
     Report(L"Не смогли получить Id для имени '" + name + L"' из-за проблем с базой", kMethod);
     return false;
   }
-  if (!AttributeOperation::SetAtrParam(this, "ATTRIBUTENAMEID", id)) {
+  if (!table_->Store().SetAttributeParam(this, "ATTRIBUTENAMEID", id)) {
     Report(L"Не смогли переимновать атрибут '" + name_ + L"' из-за проблем с базой", kMethod);
     return false;
   }
@@ -100,12 +97,12 @@ bool CAttribute::_SetDescription(const std::wstring& description) {
                    kMethod);
     return false;
   }
-  const std::int32_t id = ProviderOf(table_)->GetAttributeDescriptionId(description);
+  const std::int32_t id = table_->Store().GetAttributeDescriptionId(description);
   if (id == 0) {
     Report(L"Не смогли получить Id для описания '" + description + L"' из-за проблем с базой", kMethod);
     return false;
   }
-  if (!AttributeOperation::SetAtrParam(this, "ATTRIBUTEDESCRIPTIONID", id)) {
+  if (!table_->Store().SetAttributeParam(this, "ATTRIBUTEDESCRIPTIONID", id)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' описание '" + description + L"' из-за проблем с базой",
                    kMethod);
     return false;
@@ -129,7 +126,7 @@ bool CAttribute::_SetNumber(std::int32_t number) {
     }
   }
   // The rows are found by the present number, so it changes last.
-  if (!AttributeOperation::SetAtrParam(this, "NUMBER", number)) {
+  if (!table_->Store().SetAttributeParam(this, "NUMBER", number)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' номер '" + shown + L"' из-за проблем с базой", kMethod);
     return false;
   }
@@ -141,7 +138,7 @@ bool CAttribute::_SetNumber(std::int32_t number) {
 
 bool CAttribute::_SetOldNumber(std::int32_t oldNumber) {
   if (oldNumber == oldNumber_) return true;
-  if (!AttributeOperation::SetAtrParam(this, "OLD_NUMBER", oldNumber)) {
+  if (!table_->Store().SetAttributeParam(this, "OLD_NUMBER", oldNumber)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' 'old' номер '" + std::to_wstring(oldNumber) +
                        L"' из-за проблем с базой",
                    "CAttribute::_SetOldNumber");
@@ -154,7 +151,7 @@ bool CAttribute::_SetOldNumber(std::int32_t oldNumber) {
 
 bool CAttribute::_SetMeasure(const std::wstring& measure) {
   if (measure == measure_) return true;
-  if (!AttributeOperation::SetAtrParam(this, "MEASURE", measure)) {
+  if (!table_->Store().SetAttributeParam(this, "MEASURE", measure)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' единицу измерения '" + measure +
                        L"' из-за проблем с базой",
                    "CAttribute::_SetMeasure");
@@ -174,7 +171,7 @@ bool CAttribute::_SetVarName(const std::wstring& varName) {
                    kMethod);
     return false;
   }
-  if (!AttributeOperation::SetAtrParam(this, "VARNAME", varName)) {
+  if (!table_->Store().SetAttributeParam(this, "VARNAME", varName)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' имя переменной '" + varName + L"' из-за проблем с базой",
                    kMethod);
     return false;
@@ -195,7 +192,7 @@ bool CAttribute::_SetFormula(const std::wstring& formula) {
       return false;
     }
   }
-  if (!AttributeOperation::SetAtrParam(this, "FORMULA", formula)) {
+  if (!table_->Store().SetAttributeParam(this, "FORMULA", formula)) {
     Report(L"Не смогли задать атрибуту '" + name_ + L"' формулу '" + formula + L"' из-за проблем с базой",
                    kMethod);
     return false;
@@ -229,7 +226,7 @@ bool CAttribute::_SetType(std::int32_t type) {
       }
     }
   }
-  if (!AttributeOperation::SetAtrParam(this, "ATTRTYPE", type)) {
+  if (!table_->Store().SetAttributeParam(this, "ATTRTYPE", type)) {
     Report(L"Не смогли сменить тип атрибута", kMethod);
     return false;
   }

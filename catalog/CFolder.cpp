@@ -5,7 +5,7 @@
 #include "platform/Report.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CPacket.h"
-#include "storage/PacketOperation.h"
+#include "catalog/ICatalogStore.h"
 
 CFolder::CFolder(std::int32_t id, std::wstring name)
     : id_(id), name_(std::move(name)), table_(std::make_unique<CFolderTable>(this)) {}
@@ -85,7 +85,7 @@ CFolder* CFolder::_AddChildFolder(const std::wstring& name) {
     Report(L"Фолдер с именем '" + name + L"' уже есть", kMethod);
     return nullptr;
   }
-  std::unique_ptr<CFolder> child = PacketOperation::AddChildFolder(this, name);
+  std::unique_ptr<CFolder> child = packet_->Store().AddChildFolder(this, name);
   if (!child) {
     Report(L"Не смогли добавить фолдер '" + name + L"' в фолдер '" + name_ + L"' из-за проблем с базой",
                    kMethod);
@@ -108,7 +108,7 @@ bool CFolder::_DeleteChildFolder(CFolder* child) {
     Report(L"Фолдер имеет сабфолдеры", kMethod);
     return false;
   }
-  if (!PacketOperation::DeleteFolder(child)) {
+  if (!packet_->Store().DeleteFolder(child)) {
     Report(L"Проблемы при удалении фолдера '" + child->name_ + L"' из базы", kMethod);
     return false;
   }
@@ -155,7 +155,7 @@ bool CFolder::_MoveTo(CFolder* newParent) {
   }
   if (newParent == parent_) return true;
   if (!MayMoveTo(newParent)) return false;
-  if (!PacketOperation::MoveFolder(this, newParent)) {
+  if (!packet_->Store().MoveFolder(this, newParent)) {
     Report(L"Не смогли перенести фолдер из-за проблем с базой", "CFolder::_MoveTo");
     return false;
   }

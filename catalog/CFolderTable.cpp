@@ -12,7 +12,7 @@
 #include "catalog/CTemplate.h"
 #include "catalog/MakeUniqueName.h"
 #include "catalog/SizeValue.h"
-#include "storage/TableOperation.h"
+#include "catalog/ICatalogStore.h"
 
 namespace {
 
@@ -42,6 +42,8 @@ std::wstring ValueLine(const Value& value) {
 CFolderTable::CFolderTable(CFolder* folder) : folder_(folder) { templates_.reserve(kTypicalTemplates); }
 
 CFolderTable::~CFolderTable() { templates_.clear(); }
+
+ICatalogStore& CFolderTable::Store() const { return folder_->GetPacket()->Store(); }
 
 CTemplate* CFolderTable::AppendTemplate(std::unique_ptr<CTemplate> entry) {
   entry->SetTable(this);
@@ -107,7 +109,7 @@ CAttribute* CFolderTable::_AddAttribute(const std::wstring& name, const std::wst
       return nullptr;
     }
   }
-  if (!TableOperation::AddAttribute(this, name, description, type, number)) {
+  if (!Store().AddAttribute(this, name, description, type, number)) {
     Report(L"Проблемы при создании атрибута\nname = " + name + L"\ndesc = " + description + L"\ntype = " +
                        std::to_wstring(type) + FolderAndPacketLines(),
                    kMethod);
@@ -125,7 +127,7 @@ bool CFolderTable::_DeleteAttribute(CAttribute* attribute) {
     Report(L"Атрибут не соответствует своему родителю", kMethod);
     return false;
   }
-  if (!TableOperation::DeleteAttribute(attribute)) {
+  if (!Store().DeleteAttribute(attribute)) {
     Report(L"Проблемы при удалении атрибута:\nname = " + attribute->GetName() + FolderAndPacketLines(), kMethod);
     return false;
   }
@@ -208,7 +210,7 @@ CStandartSize* CFolderTable::_AddStdSize(const std::wstring& requested) {
     Report(L"Не смогли создать 11й атрибут", kMethod);
     return nullptr;
   }
-  const std::int32_t id = TableOperation::AddStdSize(owner, identifier);
+  const std::int32_t id = Store().AddStdSize(owner, identifier);
   if (id == 0) {
     Report(L"Проблемы при создании типоразмера\nid = " + identifier + L"\ntemplate = " + owner->GetName() +
                        FolderAndPacketLines(),
@@ -227,7 +229,7 @@ bool CFolderTable::_DeleteStdSize(CStandartSize* size) {
     Report(L"Типоразмер не соответствует своему родителю", kMethod);
     return false;
   }
-  if (!TableOperation::DeleteStdSize(size)) {
+  if (!Store().DeleteStdSize(size)) {
     Report(L"Проблемы при удалении типоразмера:\nname = " + size->GetIdentifier() + L"\ntemplate = " +
                        owner->GetName() + FolderAndPacketLines(),
                    kMethod);
@@ -287,7 +289,7 @@ bool CFolderTable::_SetValue(CAttribute* attribute, CStandartSize* size, const V
   constexpr const char* kMethod = "CFolderTable::_SetValue";
   if (!MayChangeValue(attribute, size, kMethod)) return false;
   CTemplate* owner = size->GetTemplate();
-  if (!TableOperation::SetValue(attribute, size, value)) {
+  if (!Store().SetValue(attribute, size, value)) {
     Report(L"Проблема при задании нового значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
                        owner->GetName() + L"\nstdSize = " + size->GetIdentifier() + L"\natr = " +
                        attribute->GetName() + ValueLine(value),
@@ -303,7 +305,7 @@ bool CFolderTable::_RemoveValue(CAttribute* attribute, CStandartSize* size) {
   constexpr const char* kMethod = "CFolderTable::_RemoveValue";
   if (!MayChangeValue(attribute, size, kMethod)) return false;
   CTemplate* owner = size->GetTemplate();
-  if (!TableOperation::RemoveValue(attribute, size)) {
+  if (!Store().RemoveValue(attribute, size)) {
     Report(L"Проблема при удалении значения:\nfolder = " + folder_->GetName() + L"\ntemplate = " +
                        owner->GetName() + L"\nstdSize = " + size->GetIdentifier() + L"\natr = " +
                        attribute->GetName(),
@@ -317,7 +319,7 @@ bool CFolderTable::_RemoveValue(CAttribute* attribute, CStandartSize* size) {
 
 CTemplate* CFolderTable::CreateNewTemplate(const std::wstring& requested) {
   const std::wstring name = GetNewTemplateName(requested);
-  const std::int32_t id = TableOperation::CreateNewTemplate(this, name);
+  const std::int32_t id = Store().CreateNewTemplate(this, name);
   if (id == 0) {
     Report(L"Проблема с базой, не смогли создать новый темплейт", "CFolderTable::CreateNewTemplate");
     return nullptr;
@@ -334,7 +336,7 @@ bool CFolderTable::CreateTemplateFor(CStandartSize* size) {
   CTemplate* old = size->GetTemplate();
   if (old->SizeCount() < 2) return true;
   const std::wstring name = GetNewTemplateName(old->GetName());
-  const std::int32_t id = TableOperation::CreateTemplateFor(size, name);
+  const std::int32_t id = Store().CreateTemplateFor(size, name);
   if (id == 0) {
     Report(L"Проблема с базой, не смогли создать новый темплейт для типоразмера",
                    "CFolderTable::CreateTemplateFor");

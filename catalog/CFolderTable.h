@@ -22,6 +22,7 @@ class CAttribute;
 class CFolder;
 class CStandartSize;
 class CTemplate;
+class ICatalogStore;
 class IFormulaDataSource;
 
 class CFolderTable {
@@ -34,6 +35,9 @@ class CFolderTable {
   CFolderTable& operator=(const CFolderTable&) = delete;
 
   CFolder* GetFolder() const { return folder_; }
+  // The database of the folder's packet, for the writes of the table and
+  // of what lies in it.
+  ICatalogStore& Store() const;
   // A template without sizes still counts as content.
   bool IsEmpty() const { return templates_.empty(); }
 

@@ -9,13 +9,12 @@
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
+#include "catalog/ICatalogStore.h"
 #include "catalog/SizeValue.h"
 #include "formula/ValueConversion.h"
-#include "storage/BaseOperation.h"
-#include "storage/PacketOperation.h"
 
-CPacket::CPacket(std::int32_t id, std::wstring name, CDataProvider* provider)
-    : id_(id), name_(std::move(name)), provider_(provider) {}
+CPacket::CPacket(std::int32_t id, std::wstring name, CDataProvider* provider, ICatalogStore& store)
+    : id_(id), name_(std::move(name)), provider_(provider), store_(store) {}
 
 CPacket::~CPacket() = default;
 
@@ -26,7 +25,7 @@ void CPacket::SetRootFolder(std::unique_ptr<CFolder> root) {
 
 bool CPacket::Load() {
   if (loaded_) return true;
-  loaded_ = BaseOperation::LoadPacket(this);
+  loaded_ = store_.LoadPacket(this);
   if (loaded_) return true;
   Report(L"Не смогли загрузить данные пакета " + name_, "CPacket::Load");
   return false;
@@ -44,7 +43,7 @@ bool CPacket::_RenameFolder(CFolder* folder, const std::wstring& name) {
     Report(L"Фолдер с именем '" + name + L"' уже есть", kMethod);
     return false;
   }
-  if (!PacketOperation::RenameFolder(folder, name)) {
+  if (!folder->GetPacket()->Store().RenameFolder(folder, name)) {
     Report(L"Не смогли переименовать фолдер '" + folder->GetName() + L"' из за проблема с базой", kMethod);
     return false;
   }

@@ -1,7 +1,9 @@
 // CPacket: the top unit of a catalog, a named folder tree inside one
 // database. Its name and folders are read when the provider attaches; the
 // rest of its content is read the first time anything below a folder is
-// asked for (Load). Owned by its CDataProvider; owns its root folder.
+// asked for (Load). Owned by its CDataProvider; owns its root folder. The
+// packet and everything below it reach the database through the provider's
+// ICatalogStore.
 //
 // Not thread-safe: every use runs under the frame lock.
 #pragma once
@@ -13,10 +15,11 @@
 class CDataProvider;
 class CFolder;
 class CStandartSize;
+class ICatalogStore;
 
 class CPacket {
  public:
-  CPacket(std::int32_t id, std::wstring name, CDataProvider* provider);
+  CPacket(std::int32_t id, std::wstring name, CDataProvider* provider, ICatalogStore& store);
   ~CPacket();
 
   CPacket(const CPacket&) = delete;
@@ -26,6 +29,7 @@ class CPacket {
   const std::wstring& GetName() const { return name_; }
   CFolder* GetRootFolder() const { return rootFolder_.get(); }
   CDataProvider* GetProvider() const { return provider_; }
+  ICatalogStore& Store() const { return store_; }
   bool IsLoaded() const { return loaded_; }
 
   // Memory only: for the loaders and for writes that have been committed.
@@ -54,4 +58,6 @@ class CPacket {
   std::unique_ptr<CFolder> rootFolder_;
   CDataProvider* provider_;
   bool loaded_ = false;
+  // The provider's own store; not owned.
+  ICatalogStore& store_;
 };

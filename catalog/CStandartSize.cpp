@@ -2,7 +2,8 @@
 
 #include "platform/Report.h"
 #include "catalog/CTemplate.h"
-#include "storage/TableOperation.h"
+#include "catalog/CFolderTable.h"
+#include "catalog/ICatalogStore.h"
 
 CStandartSize::CStandartSize(std::int32_t id, std::wstring identifier, CTemplate* ownerTemplate)
     : id_(id), identifier_(std::move(identifier)), ownerTemplate_(ownerTemplate) {}
@@ -11,7 +12,7 @@ CStandartSize::~CStandartSize() = default;
 
 bool CStandartSize::_SetType(const std::wstring& type) {
   if (type == ownerTemplate_->GetType()) return true;
-  if (!TableOperation::SetTemplateType(ownerTemplate_, type)) {
+  if (!ownerTemplate_->GetTable()->Store().SetTemplateType(ownerTemplate_, type)) {
     Report(L"Проблема задания типа типоразмера в базе", "CStandartSize::_SetType");
     return false;
   }

@@ -3,7 +3,7 @@
 #include "catalog/CAttribute.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
-#include "formula/CStdSizeFormulaHelper.h"
+#include "catalog/CStdSizeFormulaHelper.h"
 
 const Value* GetSizeValue(const CAttribute& attribute, CStandartSize& size, const NumberFormat& format,
                           IFormulaDataSource* source) {

@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "storage/ProviderCatalogStore.h"
+
 class CPacket;
 
 class CDataProvider {
@@ -23,6 +25,10 @@ class CDataProvider {
 
   CDataProvider(const CDataProvider&) = delete;
   CDataProvider& operator=(const CDataProvider&) = delete;
+
+  // The catalog's database as the packets and folders of this provider reach
+  // it; lives as long as the provider.
+  ICatalogStore& Store() { return store_; }
 
   // Fixed for the provider's life.
   const std::wstring& GetServerName() const { return server_; }
@@ -78,4 +84,5 @@ class CDataProvider {
   const std::wstring database_;
   const std::wstring user_;
   const std::wstring password_;
+  ProviderCatalogStore store_{*this};
 };

@@ -68,7 +68,7 @@ bool BaseOperation::LoadPacketsAndFolders() {
       statement.Get(1, id);
       GetDbText(statement, 2, name);
       statement.Get(3, folderId);
-      auto packet = std::make_unique<CPacket>(id, std::move(name), provider_);
+      auto packet = std::make_unique<CPacket>(id, std::move(name), provider_, provider_->Store());
       linker.AddPacket(folderId, packet.get());
       provider_->AppendPacket(std::move(packet));
     }

@@ -12,7 +12,6 @@
 namespace {
 
 constexpr std::size_t kMinimumChunk = 250;
-constexpr unsigned kThreadsWhenUnknown = 8;
 
 constexpr const char* kPacketTemplateAttributes =
     "SELECT OA.OBJECTID, OA.NUMBER, OA.OLD_NUMBER, OA.ATTRTYPE, OA.ATTRIBUTENAMEID, OA.ATTRIBUTEDESCRIPTIONID, "
@@ -174,17 +173,7 @@ bool LoadChunked(CDataProvider* provider, const char* perKeyQuery, const std::ve
 }  // namespace
 
 std::vector<DataLoad::Chunk> DataLoad::SplitIntoChunks(std::size_t keys, unsigned threads) {
-  if (keys == 0) return {};
-  if (threads == 0) threads = kThreadsWhenUnknown;
-  const std::size_t size = keys < kMinimumChunk ? keys : std::max(keys / threads, kMinimumChunk);
-  const std::size_t count = keys / size;
-  const std::size_t stride = size + (keys % size) / count;
-  std::vector<Chunk> chunks(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    chunks[i].first = i * stride;
-    chunks[i].last = i + 1 == count ? keys : (i + 1) * stride;
-  }
-  return chunks;
+  return ::SplitIntoChunks(keys, threads, kMinimumChunk);
 }
 
 bool DataLoad::chunkLoadTemplateAttributes(CDataProvider* provider, IBPP::Statement& packetStatement,

@@ -14,6 +14,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Concurrency.h"
 #include "storage/BaseOperation.h"
 
 class CDataProvider;
@@ -23,11 +24,7 @@ class CTemplate;
 class DataLoad {
  public:
   // Positions [first, last) in the element order of one key table.
-  struct Chunk {
-    std::size_t first = 0;
-    std::size_t last = 0;
-    bool operator==(const Chunk&) const = default;
-  };
+  using Chunk = ::Chunk;
 
   // From this many keys on, a step reads per key, in chunks.
   static constexpr std::size_t kChunkedFrom = 1001;
@@ -47,6 +44,8 @@ class DataLoad {
     std::unordered_map<std::int32_t, CStandartSize*> byId;
   };
 
+  // The two per-key steps keep the names by which the load's steps are known
+  // outside the code, lower camel case and all.
   static bool chunkLoadTemplateAttributes(CDataProvider* provider, IBPP::Statement& packetStatement,
                                           std::int32_t packetId, const Templates& templates);
   static bool chunkLoadStdSizeAttributes(CDataProvider* provider, IBPP::Statement& packetStatement,

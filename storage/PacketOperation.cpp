@@ -3,6 +3,7 @@
 #include "platform/Report.h"
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
+#include "storage/CDataProvider.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
 
@@ -34,7 +35,7 @@ std::unique_ptr<CPacket> PacketOperation::AddPacket(CDataProvider* provider, con
   statement.Execute();
   const std::int32_t packetId = ReturnedId(statement);
 
-  auto packet = std::make_unique<CPacket>(packetId, name, provider);
+  auto packet = std::make_unique<CPacket>(packetId, name, provider, provider->Store());
   packet->SetRootFolder(std::make_unique<CFolder>(folderId, name));
   guard.Commit();
   return packet;

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -126,18 +127,11 @@ TEST_F(IbppTest, ColumnsConvertBetweenNumericTypes) {
   ASSERT_TRUE(statement.Fetch());
   std::int32_t small = 0, big = 0, count = 0;
   double numeric = 0, real = 0, smallAsDouble = 0;
-  statement.Get(1, small);
-  statement.Get(2, big);
-  statement.Get(3, numeric);
-  statement.Get(4, real);
-  statement.Get(5, count);
-  statement.Get(1, smallAsDouble);
-  EXPECT_EQ(small, 7);
-  EXPECT_EQ(big, 1234567);
-  EXPECT_DOUBLE_EQ(numeric, 2.25);
-  EXPECT_DOUBLE_EQ(real, 0.5);
-  EXPECT_EQ(count, 1);
-  EXPECT_DOUBLE_EQ(smallAsDouble, 7.0);
+  for (bool isNull : {statement.Get(1, small), statement.Get(2, big), statement.Get(3, numeric),
+                      statement.Get(4, real), statement.Get(5, count), statement.Get(1, smallAsDouble)}) {
+    EXPECT_FALSE(isNull);
+  }
+  EXPECT_EQ(std::make_tuple(small, big, numeric, real, count, smallAsDouble), std::make_tuple(7, 1234567, 2.25, 0.5, 1, 7.0));
 }
 
 TEST_F(IbppTest, ParametersTakeTheirOwnTypesAndNull) {

@@ -60,6 +60,8 @@ struct CatalogShape {
   // has one group per template.
   std::int32_t splitGroups = 1;
   SplitBy splitBy = SplitBy::CommonValues;
+
+  bool operator==(const CatalogShape&) const = default;
 };
 
 // The first thing wrong with the shape, as a sentence; nothing when it can be

@@ -1,0 +1,146 @@
+#include "Shapes.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace lxtest::shapes {
+namespace {
+
+std::wstring Quoted(const std::wstring& text) {
+  std::wstring quoted = L"'";
+  for (wchar_t ch : text) {
+    quoted += ch;
+    if (ch == L'\'') quoted += ch;
+  }
+  return quoted + L"'";
+}
+
+std::wstring N(std::int32_t number) { return std::to_wstring(number); }
+
+// IVAL, DVAL, SVAL arguments with `value` in the slot of `type`.
+std::wstring ValueSlots(std::int32_t type, const std::wstring& value) {
+  return (type == 1 ? value : L"NULL") + L", " + (type == 2 ? value : L"NULL") + L", " +
+         (type == 3 || type > 3 ? value : L"NULL");
+}
+
+}  // namespace
+
+std::wstring Folder(std::int32_t id, const std::wstring& name, std::int32_t parent) {
+  return L"INSERT INTO FOLDER (ID, NAME, ID_PARENT) VALUES (" + N(id) + L", " + Quoted(name) + L", " +
+         (parent == 0 ? L"NULL" : N(parent)) + L")";
+}
+
+std::wstring Packet(std::int32_t id, const std::wstring& name, std::int32_t rootFolder) {
+  return L"INSERT INTO PACKET (ID, PACKETID, FOLDERID) VALUES (" + N(id) + L", " + Quoted(name) + L", " +
+         N(rootFolder) + L")";
+}
+
+std::wstring Template(std::int32_t id, std::int32_t folder, std::int32_t packet, const std::wstring& name,
+                      std::int32_t objectType) {
+  return L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (" + N(id) +
+         L", 4, " + N(objectType) + L", " + N(folder) + L", " + N(packet) + L", " + Quoted(name) + L")";
+}
+
+std::wstring Column(std::int32_t templateId, std::int32_t number, std::int32_t type, const std::wstring& name,
+                    const std::wstring& value, const std::wstring& formula) {
+  return L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + N(templateId) + L", " + N(number) + L", " + N(number) + L", " +
+         N(type) + L", " + Quoted(name) + L", " + Quoted(L"Описание " + name) + L", 'мм', NULL, " +
+         (formula.empty() ? L"NULL" : Quoted(formula)) + L", " + ValueSlots(type, value) + L")";
+}
+
+std::wstring Size(std::int32_t id, std::int32_t templateId, const std::wstring& identifier) {
+  return L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + N(id) + L", " + N(templateId) + L", " +
+         Quoted(identifier) + L")";
+}
+
+std::wstring SizeValue(std::int32_t sizeId, std::int32_t number, std::int32_t type, const std::wstring& value) {
+  return L"EXECUTE PROCEDURE CREATE_ATTR_VAL(" + N(number) + L", " + N(sizeId) + L", " + ValueSlots(type, value) + L")";
+}
+
+std::wstring ManySizes(std::int32_t firstId, std::int32_t templateId, const std::wstring& prefix, std::int32_t count) {
+  return L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; BEGIN WHILE (i <= " + N(count) +
+         L") DO BEGIN "
+         L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + N(firstId - 1) + L" + :i, " +
+         N(templateId) + L", " + Quoted(prefix) + L" || :i); "
+         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(21, " + N(firstId - 1) + L" + :i, 3 * :i, NULL, NULL); "
+         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(22, " + N(firstId - 1) + L" + :i, NULL, :i / 4.0, NULL); "
+         L"EXECUTE PROCEDURE CREATE_ATTR_VAL(23, " + N(firstId - 1) + L" + :i, NULL, NULL, 't' || :i); "
+         L"i = i + 1; END END";
+}
+
+std::wstring ManyTemplates(std::int32_t firstId, std::int32_t folder, std::int32_t packet, const std::wstring& prefix,
+                           std::int32_t count) {
+  const std::wstring id = N(firstId - 1) + L" + :i";
+  return L"EXECUTE BLOCK AS DECLARE i INTEGER = 1; DECLARE a INTEGER; BEGIN WHILE (i <= " + N(count) +
+         L") DO BEGIN "
+         L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (" + id +
+         L", 4, 2, " + N(folder) + L", " + N(packet) + L", 'T' || :i); "
+         L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + id + L", 21, 21, 1, 'Ширина', 'Ширина изделия', 'мм', 'W', NULL, 7, "
+         L"NULL, NULL) RETURNING_VALUES :a; "
+         L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + id + L", 22, 22, 3, 'Марка', 'Марка стали', NULL, NULL, NULL, NULL, "
+         L"NULL, NULL) RETURNING_VALUES :a; "
+         L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (" + id + L", " + id + L", " + Quoted(prefix) +
+         L" || :i); "
+         L"i = i + 1; END END";
+}
+
+}  // namespace lxtest::shapes
+
+namespace lxtest {
+namespace {
+
+void DumpTable(LxFolderTable* table, const std::wstring& path, std::vector<std::wstring>& lines) {
+  const int32_t columns = table_GetAttributeCount(table);
+  for (int32_t c = 0; c < columns; ++c) {
+    LxAttribute* attribute = table_GetAttribute(table, c);
+    std::wostringstream line;
+    line << path << L" column " << attribute_GetNumber(attribute) << L" '" << attribute_GetName(attribute)
+         << L"' type " << attribute_GetType(attribute) << L" old " << attribute_GetOldNumber(attribute) << L" desc '"
+         << attribute_GetDescription(attribute) << L"' measure '" << attribute_GetMeasure(attribute) << L"' var '"
+         << attribute_GetVarName(attribute) << L"' formula '" << attribute_GetFormula(attribute) << L"'";
+    lines.push_back(line.str());
+  }
+  const int32_t sizes = table_GetStdSizeCount(table);
+  for (int32_t s = 0; s < sizes; ++s) {
+    LxStdSize* size = table_GetStdSize(table, s);
+    std::wstring line = path + L" size '" + stdsize_GetID(size) + L"' type '" + stdsize_GetType(size) + L"'";
+    for (int32_t c = 0; c < columns; ++c) line += L" | " + ValueText(size, table_GetAttribute(table, c));
+    lines.push_back(line);
+  }
+}
+
+}  // namespace
+
+const NumberFormat kDumpFormat{false, 6};
+
+std::wstring ValueText(LxStdSize* size, LxAttribute* attribute, const NumberFormat* format) {
+  ValueView view{};
+  if (!stdsize_GetValue(size, attribute, format, &view)) return L"<none>";
+  std::wostringstream text;
+  switch (view.index) {
+    case LX_VALUE_INT: text << L"i:" << view.payload.integer; break;
+    case LX_VALUE_DOUBLE: text << L"d:" << view.payload.number; break;
+    case LX_VALUE_STRING: text << L"s:" << std::wstring(view.payload.text, view.length); break;
+    default: text << L"?" << static_cast<int>(view.index); break;
+  }
+  return text.str();
+}
+
+std::vector<std::wstring> DumpFolder(LxFolder* root) {
+  std::vector<std::wstring> lines;
+  std::vector<std::pair<LxFolder*, std::wstring>> pending{{root, L"/"}};
+  while (!pending.empty()) {
+    auto [folder, path] = pending.back();
+    pending.pop_back();
+    lines.push_back(path + (folder_IsVirtual(folder) ? L" virtual" : L" real"));
+    if (LxFolderTable* table = folder_GetTable(folder)) DumpTable(table, path, lines);
+    for (int32_t i = 0; i < folder_GetChildFolderCount(folder); ++i) {
+      LxFolder* child = folder_GetChildFolder(folder, i);
+      pending.emplace_back(child, path + folder_GetName(child) + L"/");
+    }
+  }
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+}  // namespace lxtest
