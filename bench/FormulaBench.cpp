@@ -5,38 +5,21 @@
 // arithmetic it must stay 0.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <cstdlib>
-#include <map>
-#include <new>
 #include <string>
 
-#include "CountingAllocator.h"
+#include "tests/support/CountingAllocator.h"
+#include "tests/support/FakeFormulaSource.h"
 #include "formula/FormulaParser.h"
-#include "formula/IFormulaDataSource.h"
 #include "formula/NumberText.h"
 
 namespace {
 
 // A standard size's attributes as a formula would find them.
-class SizeSource : public IFormulaDataSource {
- public:
-  Value& GetValueByName(Value& result, const std::wstring& name, const NumberFormat&) override {
-    const auto found = byName_.find(name);
-    result = found == byName_.end() ? Value{} : found->second;
-    return result;
-  }
-  Value& GetValueByNumber(Value& result, int32_t attributeNumber, const NumberFormat&) override {
-    const auto found = byNumber_.find(attributeNumber);
-    result = found == byNumber_.end() ? Value{} : found->second;
-    return result;
-  }
-  bool SetValueByNumber(int32_t, const Value&) override { return false; }
-
- private:
-  std::map<int32_t, Value> byNumber_{{3, Value{16}}, {12, Value{12}}, {13, Value{80}}, {14, Value{1.75}}};
-  std::map<std::wstring, Value> byName_{{L"Длина", Value{80}}, {L"Тип", Value{L"Болт М12"}}};
-};
+lxtest::FakeFormulaSource SizeSource() {
+  return {{{3, Value{16}}, {12, Value{12}}, {13, Value{80}}, {14, Value{1.75}}},
+          {{L"Длина", Value{80}}, {L"Тип", Value{L"Болт М12"}}},
+          lxtest::FakeFormulaSource::Log::Silent};
+}
 
 enum class Entry { Text, Condition };
 
@@ -60,7 +43,7 @@ void BM_Parse(benchmark::State& state, Entry entry, const wchar_t* text) {
 
 void BM_Evaluate(benchmark::State& state, Entry entry, const wchar_t* text) {
   const FormulaPtr tree = Parse(entry, text);
-  SizeSource source;
+  lxtest::FakeFormulaSource source = SizeSource();
   Value result;
   const long before = lxtest::AllocationCount();
   for (auto _ : state) {

@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
 #include <string>
 
 #include "formula/CLogicFormula.h"
@@ -22,6 +21,7 @@
 #include "formula/NumberText.h"
 #include "formula/ValueCompare.h"
 #include "formula/ValueConversion.h"
+#include "tests/support/FakeFormulaSource.h"
 
 namespace {
 
@@ -78,33 +78,19 @@ class Input {
   size_t position_ = 0;
 };
 
-// Every kind of value and the corners of the integers. Reads are table
-// look-ups, never formulas in turn, so every evaluation ends.
-class FixedSource : public IFormulaDataSource {
- public:
-  Value& GetValueByName(Value& result, const std::wstring& name, const NumberFormat&) override {
-    const auto found = byName_.find(name);
-    result = found == byName_.end() ? Value{} : found->second;
-    return result;
-  }
-  Value& GetValueByNumber(Value& result, int32_t number, const NumberFormat&) override {
-    const auto found = byNumber_.find(number);
-    result = found == byNumber_.end() ? Value{} : found->second;
-    return result;
-  }
-  bool SetValueByNumber(int32_t number, const Value& value) override { return number % 2 == 0; }
-
- private:
-  std::map<int32_t, Value> byNumber_{
-      {1, Value{7}},          {2, Value{2.5}},          {3, Value{L"3"}},       {4, Value{L"Болт*"}},
-      {5, Value{INT32_MIN}},  {6, Value{INT32_MAX}},    {7, Value{-1}},         {8, Value{0}},
-      {9, Value{1e300}},      {10, Value{-0.0}},        {11, Value{L""}},       {12, Value{1e-7}},
-      {13, Value{std::wstring(L"a\0b", 3)}},
-  };
-  std::map<std::wstring, Value> byName_{
-      {L"Длина", Value{12}}, {L"Тип", Value{L"Болт М12"}}, {L"elevation", Value{3.5}}, {L"x", Value{L"*"}},
-  };
-};
+// Every kind of value and the corners of the integers.
+lxtest::FakeFormulaSource FixedSource() {
+  return {{
+              {1, Value{7}},          {2, Value{2.5}},          {3, Value{L"3"}},       {4, Value{L"Болт*"}},
+              {5, Value{INT32_MIN}},  {6, Value{INT32_MAX}},    {7, Value{-1}},         {8, Value{0}},
+              {9, Value{1e300}},      {10, Value{-0.0}},        {11, Value{L""}},       {12, Value{1e-7}},
+              {13, Value{std::wstring(L"a\0b", 3)}},
+          },
+          {
+              {L"Длина", Value{12}}, {L"Тип", Value{L"Болт М12"}}, {L"elevation", Value{3.5}}, {L"x", Value{L"*"}},
+          },
+          lxtest::FakeFormulaSource::Log::Silent};
+}
 
 bool SameResult(const Value& first, const Value& second) {
   if (IsDouble(first) && IsDouble(second)) {
@@ -126,7 +112,7 @@ void Fail(int line) {
   } while (false)
 
 void EvaluateTree(const CFormula& tree, const NumberFormat& format) {
-  FixedSource source;
+  lxtest::FakeFormulaSource source = FixedSource();
   Value first;
   Value second;
   try {

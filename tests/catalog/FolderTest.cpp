@@ -1,17 +1,11 @@
 // Folders on a real catalog: adding, renaming, deleting and moving, with
 // their refusals in order, checked in memory and in the database.
-#include <filesystem>
-
 #include "CatalogFixture.h"
-#include "DebugOutput.h"
 
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-class Folders : public lxtest::CatalogFixture {
+class Folders : public CatalogFixture {
  protected:
   void SetUp() override {
     packet_ = provider_AddPacket(provider_, L"Пакет");
@@ -20,9 +14,6 @@ class Folders : public lxtest::CatalogFixture {
   }
   std::int32_t StoredParentOf(const std::wstring& name) {
     return Sql().Int(L"SELECT COALESCE(ID_PARENT, 0) FROM FOLDER WHERE NAME = '" + name + L"'");
-  }
-  std::int32_t StoredId(const std::wstring& name) {
-    return Sql().Int(L"SELECT ID FROM FOLDER WHERE NAME = '" + name + L"'");
   }
   std::vector<std::wstring> ChildNames(LxFolder* folder) {
     std::vector<std::wstring> names;
@@ -40,20 +31,16 @@ TEST_F(Folders, AddWritesTheRowUnderItsParent) {
   EXPECT_EQ(folder_GetParentFolder(child), root_);
   EXPECT_EQ(folder_GetPacket(child), packet_);
   EXPECT_FALSE(folder_IsVirtual(child));
-  EXPECT_EQ(StoredParentOf(L"Отводы"), StoredId(L"Пакет"));
+  EXPECT_EQ(StoredParentOf(L"Отводы"), FolderId(L"Пакет"));
   EXPECT_EQ(ChildNames(root_), std::vector<std::wstring>{L"Отводы"});
 }
 
 TEST_F(Folders, AddRefusesEmptyAndTakenNamesButNotAnotherCase) {
   folder_AddChildFolder(root_, L"Отводы");
-  auto [empty, emptyWrites] = Captured([&] { return folder_AddChildFolder(root_, L""); });
-  EXPECT_EQ(empty, nullptr);
-  EXPECT_EQ(emptyWrites, Writes{FlushText({"Имя фолдера не может быть пустым [CFolder::_AddChildFolder]"})});
-  auto [taken, takenWrites] = Captured([&] { return folder_AddChildFolder(root_, L"Отводы"); });
-  EXPECT_EQ(taken, nullptr);
-  EXPECT_EQ(takenWrites, Writes{FlushText({"Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]"})});
+  EXPECT_FAILS(folder_AddChildFolder(root_, L""), "Имя фолдера не может быть пустым [CFolder::_AddChildFolder]");
+  EXPECT_FAILS(folder_AddChildFolder(root_, L"Отводы"), "Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]");
   EXPECT_NE(folder_AddChildFolder(root_, L"ОТВОДЫ"), nullptr);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
+  EXPECT_EQ(Count(L"FOLDER"), 3);
 }
 
 TEST_F(Folders, RenameRootLeavesThePacketName) {
@@ -67,33 +54,23 @@ TEST_F(Folders, RenameRootLeavesThePacketName) {
 TEST_F(Folders, RenameChecksSiblingsButAllowsAnEmptyName) {
   LxFolder* a = folder_AddChildFolder(root_, L"А");
   folder_AddChildFolder(root_, L"Б");
-  auto [taken, writes] = Captured([&] { return folder_SetName(a, L"Б"); });
-  EXPECT_FALSE(taken);
-  EXPECT_EQ(writes, Writes{FlushText({"Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]"})});
+  EXPECT_FAILS(folder_SetName(a, L"Б"), "Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]");
   EXPECT_TRUE(folder_SetName(a, L""));
-  EXPECT_EQ(StoredParentOf(L""), StoredId(L"Пакет"));
+  EXPECT_EQ(StoredParentOf(L""), FolderId(L"Пакет"));
 }
 
 TEST_F(Folders, RenameToTheSameNameTouchesNothing) {
   LxFolder* child = folder_AddChildFolder(root_, L"Тот же");
-  std::filesystem::rename(lxtest::Path(database_), lxtest::Path(database_ + L".away"));
-  auto [renamed, writes] = Captured([&] { return folder_SetName(child, L"Тот же"); });
-  std::filesystem::rename(lxtest::Path(database_ + L".away"), lxtest::Path(database_));
-  EXPECT_TRUE(renamed);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(WithoutDatabase([&] { return folder_SetName(child, L"Тот же"); }), Quietly(true));
 }
 
 TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
   LxFolder* outer = folder_AddChildFolder(root_, L"Внешний");
   LxFolder* inner = folder_AddChildFolder(outer, L"Внутренний");
-  auto [stranger, strangerWrites] = Captured([&] { return folder_DeleteChildFolder(root_, inner); });
-  EXPECT_FALSE(stranger);
-  EXPECT_EQ(strangerWrites,
-            Writes{FlushText({"Фолдер не соответствует своему родителю [CFolder::_DeleteChildFolder]"})});
-  auto [parent, parentWrites] = Captured([&] { return folder_DeleteChildFolder(root_, outer); });
-  EXPECT_FALSE(parent);
-  EXPECT_EQ(parentWrites, Writes{FlushText({"Фолдер имеет сабфолдеры [CFolder::_DeleteChildFolder]"})});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 3);
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, inner),
+               "Фолдер не соответствует своему родителю [CFolder::_DeleteChildFolder]");
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, outer), "Фолдер имеет сабфолдеры [CFolder::_DeleteChildFolder]");
+  EXPECT_EQ(Count(L"FOLDER"), 3);
 
   // Bottom up works.
   EXPECT_TRUE(folder_DeleteChildFolder(outer, inner));
@@ -104,7 +81,7 @@ TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
 
 TEST_F(Folders, DeleteTakesTheTemplatesFiledUnderTheFolder) {
   LxFolder* child = folder_AddChildFolder(root_, L"С содержимым");
-  const std::wstring folderId = std::to_wstring(StoredId(L"С содержимым"));
+  const std::wstring folderId = std::to_wstring(FolderId(L"С содержимым"));
   Sql().Execute({L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (50, 4, 1, " +
                      folderId + L", (SELECT MAX(ID) FROM PACKET), 't')",
                  L"INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (60, 50, 'size')",
@@ -123,9 +100,7 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
   folder_AddChildFolder(b, L"А");
 
   auto expectRefusal = [&](LxFolder* folder, LxFolder* target, const std::string& message) {
-    auto [moved, writes] = Captured([&] { return folder_MoveTo(folder, target); });
-    EXPECT_FALSE(moved) << message;
-    EXPECT_EQ(writes, Writes{FlushText({message + " [CFolder::_MoveTo]"})});
+    EXPECT_FAILS(folder_MoveTo(folder, target), message + " [CFolder::_MoveTo]") << message;
   };
   expectRefusal(root_, a, "Корневой фолдер нельзя переносить");
   expectRefusal(root_, root_, "Корневой фолдер нельзя переносить");
@@ -136,16 +111,12 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
   LxDataProvider* other = Attach(NewCatalogFile("other.fdb"));
   LxFolder* foreignRoot = packet_GetRootFolder(provider_AddPacket(other, L"Чужой"));
   expectRefusal(aChild, foreignRoot, "Фолдеры находятся в разных базах");
-  EXPECT_EQ(StoredParentOf(L"А1"), StoredId(L"А"));
+  EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"А"));
 }
 
 TEST_F(Folders, MoveToThePresentParentIsAQuietSuccess) {
   LxFolder* a = folder_AddChildFolder(root_, L"А");
-  std::filesystem::rename(lxtest::Path(database_), lxtest::Path(database_ + L".away"));
-  auto [moved, writes] = Captured([&] { return folder_MoveTo(a, root_); });
-  std::filesystem::rename(lxtest::Path(database_ + L".away"), lxtest::Path(database_));
-  EXPECT_TRUE(moved);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(WithoutDatabase([&] { return folder_MoveTo(a, root_); }), Quietly(true));
 }
 
 TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
@@ -157,31 +128,22 @@ TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
   EXPECT_EQ(ChildNames(b), (std::vector<std::wstring>{L"Б1", L"А1"}));
   EXPECT_EQ(folder_GetChildFolderCount(a), 0);
   EXPECT_EQ(folder_GetParentFolder(aChild), b);
-  EXPECT_EQ(StoredParentOf(L"А1"), StoredId(L"Б"));
+  EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"Б"));
 }
 
 TEST_F(Folders, ChildIndexOutOfRangeReports) {
   folder_AddChildFolder(root_, L"А");
   for (int32_t index : {-1, 1}) {
-    auto [child, writes] = Captured([&] { return folder_GetChildFolder(root_, index); });
-    EXPECT_EQ(child, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
-                                        " выходит за пределы диапазона [0, 1) [CFolder::_GetChildFolder]"})});
+    EXPECT_FAILS(folder_GetChildFolder(root_, index),
+                 "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 1) [CFolder::_GetChildFolder]");
   }
 }
 
 TEST_F(Folders, NullHandlesAreNamedPerArgument) {
-  auto [moved, writes] = Captured([&] { return folder_MoveTo(root_, nullptr); });
-  EXPECT_FALSE(moved);
-  EXPECT_EQ(writes, Writes{FlushText({"Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)"})});
-  auto [deleted, deleteWrites] = Captured([&] { return folder_DeleteChildFolder(root_, nullptr); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(deleteWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)"})});
-  auto [isVirtual, virtualWrites] = Captured([] { return folder_IsVirtual(nullptr); });
-  EXPECT_FALSE(isVirtual);
-  EXPECT_EQ(virtualWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект folder (fun: folder_IsVirtual)"})});
+  EXPECT_FAILS(folder_MoveTo(root_, nullptr), "Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)");
+  EXPECT_FAILS(folder_DeleteChildFolder(root_, nullptr),
+               "Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)");
+  EXPECT_FAILS(folder_IsVirtual(nullptr), "Передан нулевой указатель на объект folder (fun: folder_IsVirtual)");
 }
 
 TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {
@@ -192,3 +154,4 @@ TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {
 }
 
 }  // namespace
+}  // namespace lxtest

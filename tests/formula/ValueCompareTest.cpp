@@ -37,12 +37,9 @@ struct OrderCase {
 
 TEST(CompareValues, OrdersNumbersWithinTheTolerance) {
   const OrderCase cases[] = {
-      {Value{}, Value{}, std::partial_ordering::equivalent},
-      {Value{}, Value{1}, std::partial_ordering::unordered},
-      {Value{1}, Value{}, std::partial_ordering::unordered},
-      {Value{}, Value{0}, std::partial_ordering::unordered},
-      {Value{5}, Value{6}, std::partial_ordering::less},
-      {Value{6}, Value{5}, std::partial_ordering::greater},
+      {Value{}, Value{}, std::partial_ordering::equivalent}, {Value{}, Value{1}, std::partial_ordering::unordered},
+      {Value{1}, Value{}, std::partial_ordering::unordered}, {Value{}, Value{0}, std::partial_ordering::unordered},
+      {Value{5}, Value{6}, std::partial_ordering::less}, {Value{6}, Value{5}, std::partial_ordering::greater},
       {Value{2}, Value{2.0}, std::partial_ordering::equivalent},
       {Value{1.000001}, Value{1.000002}, std::partial_ordering::equivalent},
       {Value{1.000002}, Value{1.000001}, std::partial_ordering::equivalent},
@@ -63,23 +60,14 @@ struct EqualCase {
 
 TEST(ValuesEqual, ComparesEachPairOfKinds) {
   const EqualCase cases[] = {
-      {Value{}, Value{}, true},
-      {Value{}, Value{0}, false},
-      {Value{L""}, Value{}, false},
-      {Value{1.000001}, Value{1.000002}, true},
-      {Value{2}, Value{2.00002}, false},
-      {Value{3}, Value{3.0}, true},
-      {Value{L"abc"}, Value{L"abc"}, true},
-      {Value{L"abc"}, Value{L"ABC"}, false},
-      {Value{L"ab"}, Value{L"abc"}, false},
+      {Value{}, Value{}, true}, {Value{}, Value{0}, false}, {Value{L""}, Value{}, false},
+      {Value{1.000001}, Value{1.000002}, true}, {Value{2}, Value{2.00002}, false}, {Value{3}, Value{3.0}, true},
+      {Value{L"abc"}, Value{L"abc"}, true}, {Value{L"abc"}, Value{L"ABC"}, false}, {Value{L"ab"}, Value{L"abc"}, false},
       {Value{L"a*"}, Value{L"abc"}, false},  // no wildcards here
       {Value{2.5}, Value{L"2,500"}, true},   // three fraction digits, comma
-      {Value{2.5}, Value{L"2,50"}, false},
-      {Value{L"2,500"}, Value{2.5}, true},
-      {Value{2.5}, Value{L"2.500"}, false},
+      {Value{2.5}, Value{L"2,50"}, false}, {Value{L"2,500"}, Value{2.5}, true}, {Value{2.5}, Value{L"2.500"}, false},
       {Value{2}, Value{L"2"}, true},  // an integer gives its plain digits
-      {Value{2}, Value{L"2,000"}, false},
-      {Value{0.0000001}, Value{L"0,000"}, true},
+      {Value{2}, Value{L"2,000"}, false}, {Value{0.0000001}, Value{L"0,000"}, true},
   };
   for (const EqualCase& c : cases) {
     SCOPED_TRACE(DescribeValue(c.left) + " vs " + DescribeValue(c.right));

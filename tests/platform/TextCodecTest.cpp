@@ -23,10 +23,7 @@ TEST(Cp1251, KnownCharactersMapToTheirBytes) {
     std::string bytes;
   };
   const Case cases[] = {
-      {L"Болт М12", "\xC1\xEE\xEB\xF2 \xCC" "12"},
-      {L"ёЁ", "\xB8\xA8"},
-      {L"№€…", "\xB9\x88\x85"},
-      {L"\u00A0", "\xA0"},
+      {L"Болт М12", "\xC1\xEE\xEB\xF2 \xCC" "12"}, {L"ёЁ", "\xB8\xA8"}, {L"№€…", "\xB9\x88\x85"}, {L"\u00A0", "\xA0"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(WideToCp1251(c.wide), c.bytes);

@@ -4,27 +4,17 @@
 
 #include <string>
 #include <variant>
+#include <vector>
+
+#include "FakeFormulaSource.h"
 
 #include "catalog/CAttribute.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 #include "catalog/SizeValue.h"
-#include "formula/IFormulaDataSource.h"
 #include "formula/NumberText.h"
 
 namespace {
-
-// Answers every read by number with the number times 100, and counts.
-class HundredsSource : public IFormulaDataSource {
- public:
-  Value& GetValueByName(Value& result, const std::wstring&, const NumberFormat&) override { return result = Value{}; }
-  Value& GetValueByNumber(Value& result, int32_t number, const NumberFormat&) override {
-    ++reads;
-    return result = Value{number * 100};
-  }
-  bool SetValueByNumber(int32_t, const Value&) override { return false; }
-  int reads = 0;
-};
 
 class SizeValue : public ::testing::Test {
  protected:
@@ -93,11 +83,11 @@ TEST_F(SizeValue, AFormulaBeatsBothAndIsKeptAmongTheCalculatedValues) {
 
 TEST_F(SizeValue, AGivenSourceIsTheOneTheFormulaReads) {
   const CAttribute& column = Column(Value{}, L"{A3+A4}");
-  HundredsSource source;
+  lxtest::FakeFormulaSource source({{3, Value{300}}, {4, Value{400}}}, {});
   const Value* value = Read(column, &source);
   ASSERT_NE(value, nullptr);
   EXPECT_TRUE(*value == Value{700});
-  EXPECT_EQ(source.reads, 2);
+  EXPECT_EQ(source.Reads(), (std::vector<std::wstring>{L"A3", L"A4"}));
 }
 
 TEST_F(SizeValue, AFormulaThatDoesNotParseLeavesThePlainOrder) {

@@ -8,29 +8,21 @@
 #include <variant>
 #include <vector>
 
-#include "ContentFixture.h"
-#include "DebugOutput.h"
+#include "CatalogFixture.h"
 #include "api/Handles.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class Values : public lxtest::ContentFixture {
+class Values : public TableFixture {
  protected:
   // Template 501 "Болт" with S1, S2, S3 and the columns below; a folder
   // "Гайки" beside it with a column 21 of its own.
   void SetUp() override {
-    ContentFixture::SetUp();
-    ASSERT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
-    nuts_ = FolderId(L"Гайки");
+    TableFixture::SetUp();
+    nuts_ = LayNuts({21, 1, L"Длина", L"Длина гайки", L"4, NULL, NULL"});
     const AttributeRow rows[] = {
         {21, 1, L"Длина", L"Длина болта", L"10, NULL, NULL"},
         {22, 2, L"Вес", L"Вес болта", L"NULL, 2.5, NULL"},
@@ -44,14 +36,10 @@ class Values : public lxtest::ContentFixture {
         {30, 3, L"Сломанная", L"Формула без пары", L"NULL, NULL, 'как есть'", L"{A21"},
     };
     Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"), SizeRow(602, 501, L"S2"),
-                   SizeRow(603, 501, L"S3"), TemplateRow(900, L"Гайка", nuts_), SizeRow(950, 900, L"Г1"),
-                   AttributeRowSql(900, {21, 1, L"Длина", L"Длина гайки", L"4, NULL, NULL"})});
+                   SizeRow(603, 501, L"S3")});
     for (const AttributeRow& row : rows) Sql().Execute(AttributeRowSql(501, row));
     Sql().Execute({SizeValueSql(24, 602, L"8, NULL, NULL"), SizeValueSql(27, 601, L"NULL, NULL, 'своё'")});
-    ReloadAndWalk();
-    s1_ = Size(L"S1");
-    s2_ = Size(L"S2");
-    s3_ = Size(L"S3");
+    Walk();
     stranger_ = ColumnOf(folder_GetTable(ChildNamed(root_, L"Гайки")), L"Длина");
     ASSERT_NE(stranger_, nullptr);
   }
@@ -67,7 +55,7 @@ class Values : public lxtest::ContentFixture {
   std::wstring StoredCommonValue(std::int32_t number) {
     return Stored(folderId_, number, L"oa.CONCRETEVALUEID").at(0);
   }
-  std::int32_t ValueRows() { return Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"); }
+  std::int32_t ValueRows() { return Count(L"ATTRIBUTEVALUE"); }
 
   std::int32_t nuts_ = 0;
   LxStdSize* s1_ = nullptr;
@@ -81,9 +69,7 @@ TEST_F(Values, ACommonValueIsReadByEverySizeOfTheTemplate) {
   EXPECT_EQ(ShownByAll(L"Вес"), (Texts{L"d:2.5", L"d:2.5", L"d:2.5"}));
   EXPECT_EQ(ShownByAll(L"Марка"), (Texts{L"s:Ст3", L"s:Ст3", L"s:Ст3"}));
   // Reads need no database.
-  auto [shown, writes] = WithoutDatabase([&] { return Shown(s3_, Column(L"Длина")); });
-  EXPECT_EQ(shown, L"i:10");
-  EXPECT_TRUE(writes.empty());
+  EXPECT_EQ(WithoutDatabase([&] { return Shown(s3_, Column(L"Длина")); }), Quietly(std::wstring(L"i:10")));
 }
 
 TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {
@@ -92,10 +78,7 @@ TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {
   ValueView view{};
   view.index = 9;
   ASSERT_TRUE(stdsize_GetValue(s1_, Column(L"Примечание"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_STRING);
-  ASSERT_NE(view.payload.text, nullptr);
-  EXPECT_EQ(view.length, 0u);
-  EXPECT_EQ(view.payload.text[0], L'\0');
+  EXPECT_EQ(Described(view), L"s:");
 }
 
 TEST_F(Values, AFormulaBeatsOwnAndTemplateValues) {
@@ -118,34 +101,22 @@ TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
   ValueView second{};
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &first));
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &second));
-  EXPECT_EQ(first.index, LX_VALUE_STRING);
+  EXPECT_EQ(Described(first), L"s:Ст3");
   EXPECT_EQ(first.length, 3u);
-  EXPECT_EQ(std::wstring(first.payload.text, first.length), L"Ст3");
-  EXPECT_EQ(first.payload.text[first.length], L'\0');
   EXPECT_EQ(first.payload.text, second.payload.text);
   EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
 
-  ValueView number{};
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Диаметр"), nullptr, &number));
-  EXPECT_EQ(number.index, LX_VALUE_INT);
-  EXPECT_EQ(number.payload.integer, 8);
-  EXPECT_EQ(number.length, 0u);
-  ValueView real{};
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Вес"), nullptr, &real));
-  EXPECT_EQ(real.index, LX_VALUE_DOUBLE);
-  EXPECT_EQ(real.payload.number, 2.5);
-  EXPECT_EQ(real.length, 0u);
+  // Numbers have no length.
+  EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"i:8");
+  EXPECT_EQ(Shown(s2_, Column(L"Вес")), L"d:2.5");
 }
 
 TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
   ValueView view{};
   view.index = LX_VALUE_INT;
   view.payload.integer = 77;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_TRUE(writes.empty());
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.integer, 0);
+  EXPECT_FAILS(stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view));
+  EXPECT_EQ(Described(view), L"e");
   // An own value counts whatever the column's type.
   ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Пустой"), 3));
   EXPECT_EQ(Shown(s1_, Column(L"Пустой")), L"i:3");
@@ -158,21 +129,15 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
   view.index = LX_VALUE_STRING;
   view.payload.text = L"stale";
   view.length = 5;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(s1_, stranger_, nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_GetValue]"})});
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.text, nullptr);
-  EXPECT_EQ(view.length, 0u);
+  EXPECT_FAILS(stdsize_GetValue(s1_, stranger_, nullptr, &view),
+               "Атрибут не соответствует своему родителю [CFolderTable::_GetValue]");
+  EXPECT_EQ(Described(view), L"e");
 
   const std::int32_t rows = ValueRows();
-  auto [set, setWrites] = Captured([&] { return stdsize_SetValueI(s1_, stranger_, 5); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(setWrites, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, stranger_); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites,
-            Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, stranger_, 5),
+               "Атрибут не соответствует своему родителю [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, stranger_),
+               "Атрибут не соответствует своему родителю [CFolderTable::_RemoveValue]");
   EXPECT_EQ(ValueRows(), rows);
   EXPECT_EQ(Shown(s1_, Column(L"Длина")), L"i:10");
 }
@@ -180,22 +145,18 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
 TEST_F(Values, GetValueByNameIgnoresCase) {
   ValueView view{};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"дЛИНА", nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_INT);
-  EXPECT_EQ(view.payload.integer, 10);
+  EXPECT_EQ(Described(view), L"i:10");
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"ДИАМЕТР", nullptr, &view));
-  EXPECT_EQ(view.payload.integer, 8);
+  EXPECT_EQ(Described(view), L"i:8");
   const NumberFormat four{false, 4};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"подпись", &four, &view));
-  EXPECT_EQ(std::wstring(view.payload.text, view.length), L"x2,5000");
+  EXPECT_EQ(Described(view), L"s:x2,5000");
   for (const wchar_t* name : {L"Нет такого", L"", static_cast<const wchar_t*>(nullptr)}) {
     view.index = LX_VALUE_INT;
     view.payload.integer = 1;
-    auto [read, writes] = Captured([&] { return stdsize_GetValueByName(s2_, name, nullptr, &view); });
-    EXPECT_FALSE(read);
-    EXPECT_TRUE(writes.empty());
+    EXPECT_FAILS(stdsize_GetValueByName(s2_, name, nullptr, &view));
     if (name != nullptr) {
-      EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-      EXPECT_EQ(view.payload.integer, 0);
+      EXPECT_EQ(Described(view), L"e");
     }
   }
 }
@@ -269,17 +230,12 @@ TEST_F(Values, EachSetterWritesItsOwnColumn) {
 
 TEST_F(Values, CalculatedColumnsRefuseWritesAndRemovals) {
   const std::int32_t rows = ValueRows();
-  auto [set, writes] = Captured([&] { return stdsize_SetValueI(s1_, Column(L"Сумма"), 1); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
-  auto [text, textWrites] = Captured([&] { return stdsize_SetValueS(s1_, Column(L"Подпись"), L"x"); });
-  EXPECT_FALSE(text);
-  EXPECT_EQ(textWrites,
-            Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, Column(L"Подпись")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites,
-            Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, Column(L"Сумма"), 1),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Подпись"), L"x"),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, Column(L"Подпись")),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]");
   EXPECT_EQ(ValueRows(), rows);
   EXPECT_EQ(StoredSizeValues(folderId_, 27), Texts{L"S1=||своё"});
   EXPECT_TRUE(Obj(s1_)->Values().at(27) == Value(std::wstring(L"своё")));
@@ -290,22 +246,20 @@ TEST_F(Values, AFormulaThatDidNotParseReadsPlainButIsRefusedAsCalculated) {
   EXPECT_STREQ(attribute_GetFormula(broken), L"{A21");
   EXPECT_TRUE(attribute_CanEditForumalaValue(broken));
   EXPECT_EQ(ShownByAll(L"Сломанная"), (Texts{L"s:как есть", L"s:как есть", L"s:как есть"}));
-  auto [set, writes] = Captured([&] { return stdsize_SetValueS(s1_, broken, L"другое"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]"})});
+  EXPECT_FAILS(stdsize_SetValueS(s1_, broken, L"другое"),
+               "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
   EXPECT_NE(StoredCommonValue(30), L"<null>");
 }
 
 TEST_F(Values, AWriteAfterTheTemplateLostItsRowChangesNothing) {
   Sql().Execute(L"DELETE FROM OBJECTATTRIBUTE WHERE OBJECTID = 501 AND NUMBER = 21");
-  auto [set, writes] = Captured([&] { return stdsize_SetValueI(s1_, Column(L"Длина"), 5); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Почему-то не нашли атрибут у темплейта "
-                                      "[TableOperation::MoveValueFromAtrToTemplateStd]",
-                                      "Проблема при перемещении значения из атрибута в типоразмеры "
-                                      "[TableOperation::SetValue]",
-                                      "Проблема при задании нового значения:\nfolder = Болты\ntemplate = Болт\n"
-                                      "stdSize = S1\natr = Длина\nintVal = 5 [CFolderTable::_SetValue]"})});
+  EXPECT_FAILS(stdsize_SetValueI(s1_, Column(L"Длина"), 5),
+               "Почему-то не нашли атрибут у темплейта "
+               "[TableOperation::MoveValueFromAtrToTemplateStd]",
+               "Проблема при перемещении значения из атрибута в типоразмеры "
+               "[TableOperation::SetValue]",
+               "Проблема при задании нового значения:\nfolder = Болты\ntemplate = Болт\n"
+               "stdSize = S1\natr = Длина\nintVal = 5 [CFolderTable::_SetValue]");
   auto [text, textWrites] = Captured([&] { return stdsize_SetValueS(s2_, Column(L"Длина"), L"пять"); });
   EXPECT_FALSE(text);
   ASSERT_EQ(textWrites.size(), 1u);
@@ -313,14 +267,13 @@ TEST_F(Values, AWriteAfterTheTemplateLostItsRowChangesNothing) {
                                "stdSize = S2\natr = Длина\nstrVal = пять [CFolderTable::_SetValue]\n"),
             std::string::npos)
       << textWrites[0];
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s3_, Column(L"Длина")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites, Writes{FlushText({"Почему-то не нашли атрибут у темплейта "
-                                            "[TableOperation::MoveValueFromAtrToTemplateStd]",
-                                            "Проблема при перемещении значения из атрибута в типоразмеры "
-                                            "[TableOperation::RemoveValue]",
-                                            "Проблема при удалении значения:\nfolder = Болты\ntemplate = Болт\n"
-                                            "stdSize = S3\natr = Длина [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_RemoveValue(s3_, Column(L"Длина")),
+               "Почему-то не нашли атрибут у темплейта "
+               "[TableOperation::MoveValueFromAtrToTemplateStd]",
+               "Проблема при перемещении значения из атрибута в типоразмеры "
+               "[TableOperation::RemoveValue]",
+               "Проблема при удалении значения:\nfolder = Болты\ntemplate = Болт\n"
+               "stdSize = S3\natr = Длина [CFolderTable::_RemoveValue]");
   EXPECT_EQ(StoredSizeValues(folderId_, 21), Texts{});
   EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:10", L"i:10", L"i:10"}));
 }
@@ -329,43 +282,31 @@ TEST_F(Values, ASizeWhoseTemplateLacksTheColumnIsRefused) {
   // No export leaves a template without a column's record; take it out of
   // memory to reach the check.
   Obj(s1_)->GetTemplate()->EraseRecord(25);
-  auto [set, writes] = Captured([&] { return stdsize_SetValueD(s1_, Column(L"Шаг"), 1.0); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({"Не смогли найти атрибут у типоразмера [CFolderTable::_SetValue]"})});
-  auto [removed, removeWrites] = Captured([&] { return stdsize_RemoveValue(s1_, Column(L"Шаг")); });
-  EXPECT_FALSE(removed);
-  EXPECT_EQ(removeWrites, Writes{FlushText({"Не смогли найти атрибут у типоразмера [CFolderTable::_RemoveValue]"})});
+  EXPECT_FAILS(stdsize_SetValueD(s1_, Column(L"Шаг"), 1.0),
+               "Не смогли найти атрибут у типоразмера [CFolderTable::_SetValue]");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, Column(L"Шаг")),
+               "Не смогли найти атрибут у типоразмера [CFolderTable::_RemoveValue]");
   EXPECT_EQ(StoredSizeValues(folderId_, 25), Texts{});
 }
 
 TEST_F(Values, NullHandlesAndTextsAreRefusedByTheFrame) {
   LxAttribute* length = Column(L"Длина");
-  auto [noSize, sizeWrites] = Captured([&] { return stdsize_SetValueI(nullptr, length, 1); });
-  EXPECT_FALSE(noSize);
-  EXPECT_EQ(sizeWrites, Writes{FlushText({"Передан нулевой указатель на объект stdSize (fun: stdsize_SetValueI)"})});
-  auto [noColumn, columnWrites] = Captured([&] { return stdsize_RemoveValue(s1_, nullptr); });
-  EXPECT_FALSE(noColumn);
-  EXPECT_EQ(columnWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: stdsize_RemoveValue)"})});
+  EXPECT_FAILS(stdsize_SetValueI(nullptr, length, 1),
+               "Передан нулевой указатель на объект stdSize (fun: stdsize_SetValueI)");
+  EXPECT_FAILS(stdsize_RemoveValue(s1_, nullptr),
+               "Передан нулевой указатель на объект attribute (fun: stdsize_RemoveValue)");
   ValueView view{};
-  auto [noRead, readWrites] = Captured([&] { return stdsize_GetValue(s1_, nullptr, nullptr, &view); });
-  EXPECT_FALSE(noRead);
-  EXPECT_EQ(readWrites, Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: stdsize_GetValue)"})});
-  auto [noText, textWrites] = Captured([&] { return stdsize_SetValueS(s1_, Column(L"Марка"), nullptr); });
-  EXPECT_FALSE(noText);
-  EXPECT_TRUE(textWrites.empty());
+  EXPECT_FAILS(stdsize_GetValue(s1_, nullptr, nullptr, &view),
+               "Передан нулевой указатель на объект attribute (fun: stdsize_GetValue)");
+  EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Марка"), nullptr));
   EXPECT_NE(StoredCommonValue(23), L"<null>");
 }
 
 TEST_F(Values, TheIdentifierCannotBeSet) {
-  auto [set, writes] = Captured([&] { return stdsize_SetID(s1_, L"S9"); });
-  EXPECT_FALSE(set);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_SetID) Неизвестное исключение"})});
-  auto [null, nullWrites] = Captured([&] { return stdsize_SetID(s1_, nullptr); });
-  EXPECT_FALSE(null);
-  EXPECT_TRUE(nullWrites.empty());
+  EXPECT_FAILS(stdsize_SetID(s1_, L"S9"), " (fun: stdsize_SetID) Неизвестное исключение");
+  EXPECT_FAILS(stdsize_SetID(s1_, nullptr));
   EXPECT_STREQ(stdsize_GetID(s1_), L"S1");
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = 'S1'"), 1);
+  EXPECT_EQ(Count(L"STANDARDSIZE WHERE IDENTIFIER = 'S1'"), 1);
 }
 
 TEST_F(Values, AttributeNamesFollowTheTemplatesRecords) {
@@ -377,32 +318,13 @@ TEST_F(Values, AttributeNamesFollowTheTemplatesRecords) {
   EXPECT_STREQ(stdsize_GetAttributeName(s1_, 0), L"Длина, мм");
   EXPECT_STREQ(attribute_GetName(table_GetAttribute(table_, 9)), L"Длина, мм");
   for (int32_t index : {10, -1}) {
-    auto [name, writes] = Captured([&] { return stdsize_GetAttributeName(s1_, index); });
-    EXPECT_EQ(name, nullptr) << index;
-    EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_GetAttributeName) Неизвестное исключение"})});
+    EXPECT_FAILS(stdsize_GetAttributeName(s1_, index), " (fun: stdsize_GetAttributeName) Неизвестное исключение")
+        << index;
   }
 }
 
-TEST_F(Values, ASizeOfAVirtualTableTakesValues) {
-  ASSERT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
-  const std::int32_t groups = FolderId(L"Группы");
-  Sql().Execute({TemplateRow(701, L"Первый", groups), TemplateRow(702, L"Второй", groups), SizeRow(801, 701, L"В1"),
-                 SizeRow(802, 702, L"В2"), AttributeRowSql(701, {21, 2, L"Длина", L"Длина детали", L"NULL, 1, NULL"}),
-                 AttributeRowSql(702, {21, 2, L"Длина", L"Длина детали", L"NULL, 2, NULL"})});
-  ReloadAndWalk();
-  LxStdSize* size = packet_FindStdSize(packet_, L"В1");
-  LxFolderTable* table = stdsize_GetTable(size);
-  ASSERT_TRUE(folder_IsVirtual(table_GetFolder(table)));
-  ASSERT_TRUE(stdsize_SetValueD(size, ColumnOf(table, L"Длина"), 0.5));
-  EXPECT_EQ(StoredSizeValues(groups, 21), Texts{L"В1=|0.500|"});
-  EXPECT_EQ(Shown(size, ColumnOf(table, L"Длина")), L"d:0.5");
-  ReloadAndWalk();
-  size = packet_FindStdSize(packet_, L"В1");
-  EXPECT_EQ(Shown(size, ColumnOf(stdsize_GetTable(size), L"Длина")), L"d:0.5");
-}
-
 // Tables of one template made for a single test.
-class Shapes : public lxtest::ContentFixture {};
+class Shapes : public TableFixture {};
 
 TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
@@ -410,9 +332,7 @@ TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
   ReloadAndWalk();
   ValueView view{};
   ASSERT_TRUE(stdsize_GetValue(Size(L"S1"), Column(L"Марка"), nullptr, &view));
-  EXPECT_EQ(view.index, LX_VALUE_STRING);
-  EXPECT_EQ(view.length, 2u);
-  EXPECT_EQ(std::wstring(view.payload.text, view.length), L"ab");
+  EXPECT_EQ(Described(view), L"s:ab");
 }
 
 TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
@@ -423,11 +343,9 @@ TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
   ValueView view{};
   view.index = LX_VALUE_INT;
   view.payload.integer = 5;
-  auto [read, writes] = Captured([&] { return stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view); });
-  EXPECT_FALSE(read);
-  EXPECT_EQ(writes, Writes{FlushText({" (fun: stdsize_GetValue) Неизвестное исключение"})});
-  EXPECT_EQ(view.index, LX_VALUE_EMPTY);
-  EXPECT_EQ(view.payload.integer, 0);
+  EXPECT_FAILS(stdsize_GetValue(Size(L"S1"), Column(L"Округлено"), nullptr, &view),
+               " (fun: stdsize_GetValue) Неизвестное исключение");
+  EXPECT_EQ(Described(view), L"e");
   EXPECT_EQ(Shown(Size(L"S1"), Column(L"Длина")), L"i:10");
 }
 
@@ -446,3 +364,4 @@ TEST_F(Shapes, AWriteToColumn11LeavesTheIdentifier) {
 }
 
 }  // namespace
+}  // namespace lxtest

@@ -4,23 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
-#include "DebugOutput.h"
+#include "CatalogFixture.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
-
-using Texts = std::vector<std::wstring>;
 
 constexpr const wchar_t* kIdDescription = L"Идентификатор элемента (для идентификации и сортировки в спецификации)";
 
-class TableSizes : public lxtest::ContentFixture {
+class TableSizes : public TableFixture {
  protected:
   Texts StoredIdentifiers() { return Sql().Texts(L"SELECT IDENTIFIER FROM STANDARDSIZE ORDER BY ID"); }
   Texts StoredTemplateNames(std::int32_t folderId) {
@@ -120,14 +113,10 @@ TEST_F(TableSizes, ATemplateNameIsMadeFreeInItsTableOnly) {
 }
 
 TEST_F(TableSizes, EmptyAndNullIdentifiersAreRefused) {
-  auto [empty, writes] = Captured([&] { return table_AddStdSize(table_, L""); });
-  EXPECT_EQ(empty, nullptr);
-  EXPECT_EQ(writes,
-            Writes{FlushText({"Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]"})});
-  auto [null, nullWrites] = Captured([&] { return table_AddStdSize(table_, nullptr); });
-  EXPECT_EQ(null, nullptr);
-  EXPECT_TRUE(nullWrites.empty());
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), 0);
+  EXPECT_FAILS(table_AddStdSize(table_, L""),
+               "Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]");
+  EXPECT_FAILS(table_AddStdSize(table_, nullptr));
+  EXPECT_EQ(Count(L"OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
 }
 
@@ -135,13 +124,9 @@ TEST_F(TableSizes, FindStdSizeIsExact) {
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   EXPECT_EQ(table_FindStdSize(table_, L"M5"), size);
   for (const wchar_t* other : {L"m5", L"M5 ", L"M", L"М5" /* Cyrillic М */}) {
-    auto [found, writes] = Captured([&] { return table_FindStdSize(table_, other); });
-    EXPECT_EQ(found, nullptr) << other;
-    EXPECT_TRUE(writes.empty());
+    EXPECT_FAILS(table_FindStdSize(table_, other)) << other;
   }
-  auto [null, writes] = Captured([&] { return table_FindStdSize(table_, nullptr); });
-  EXPECT_EQ(null, nullptr);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(table_FindStdSize(table_, nullptr));
   // Only this table is searched.
   LxFolderTable* other = folder_GetTable(folder_AddChildFolder(root_, L"Гайки"));
   EXPECT_EQ(table_FindStdSize(other, L"M5"), nullptr);
@@ -156,14 +141,12 @@ TEST_F(TableSizes, SizesAreIndexedThroughTheTemplatesInOrder) {
   EXPECT_EQ(SizeIds(table_), (Texts{L"a", L"b", L"c"}));
   EXPECT_EQ(stdsize_GetTemplateID(table_GetStdSize(table_, 2)), 503);
   for (int32_t index : {3, -1}) {
-    auto [size, writes] = Captured([&] { return table_GetStdSize(table_, index); });
-    EXPECT_EQ(size, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
-                                        " выходит за пределы диапазона [0, 3) [CFolderTable::_GetStdSize]"})});
+    EXPECT_FAILS(
+        table_GetStdSize(table_, index),
+        "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 3) [CFolderTable::_GetStdSize]");
   }
-  auto [none, writes] = Captured([&] { return table_GetStdSize(folder_GetTable(root_), 0); });
-  EXPECT_EQ(none, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Индекс 0 выходит за пределы диапазона [0, 0) [CFolderTable::_GetStdSize]"})});
+  EXPECT_FAILS(table_GetStdSize(folder_GetTable(root_), 0),
+               "Индекс 0 выходит за пределы диапазона [0, 0) [CFolderTable::_GetStdSize]");
 }
 
 TEST_F(TableSizes, DeletingTheLastSizeKeepsItsTemplate) {
@@ -175,7 +158,7 @@ TEST_F(TableSizes, DeletingTheLastSizeKeepsItsTemplate) {
   EXPECT_EQ(table_FindStdSize(table_, L"M5"), nullptr);
   EXPECT_EQ(table_GetAttributeCount(table_), 1);
   EXPECT_EQ(StoredIdentifiers(), Texts{});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"), 0);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), 0);
   EXPECT_EQ(StoredTemplateNames(folderId_), Texts{L"M5"});
   EXPECT_EQ(Stored(folderId_, 11, L"an.NAME"), Texts{L"ID_specification"});
   // The identifier is free again.
@@ -206,29 +189,24 @@ TEST_F(TableSizes, ASizeOfAnotherTableIsRefused) {
   LxStdSize* stranger = table_AddStdSize(folder_GetTable(folder_AddChildFolder(root_, L"Гайки")), L"Г1");
   ASSERT_NE(stranger, nullptr);
   ASSERT_NE(table_AddStdSize(table_, L"Б1"), nullptr);
-  auto [deleted, writes] = Captured([&] { return table_DeleteStdSize(table_, stranger); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes, Writes{FlushText({"Типоразмер не соответствует своему родителю [CFolderTable::_DeleteStdSize]"})});
+  EXPECT_FAILS(table_DeleteStdSize(table_, stranger),
+               "Типоразмер не соответствует своему родителю [CFolderTable::_DeleteStdSize]");
   EXPECT_EQ(StoredIdentifiers(), (Texts{L"Г1", L"Б1"}));
   EXPECT_STREQ(stdsize_GetID(stranger), L"Г1");
-  auto [null, nullWrites] = Captured([&] { return table_DeleteStdSize(table_, nullptr); });
-  EXPECT_FALSE(null);
-  EXPECT_EQ(nullWrites,
-            Writes{FlushText({"Передан нулевой указатель на объект stdSize (fun: table_DeleteStdSize)"})});
+  EXPECT_FAILS(table_DeleteStdSize(table_, nullptr),
+               "Передан нулевой указатель на объект stdSize (fun: table_DeleteStdSize)");
 }
 
 TEST_F(TableSizes, AFailedSizeRowLeavesTheCommittedTemplateAndColumn) {
   // STANDARDSIZE.IDENTIFIER holds 256 characters; OBJECT.NAME holds more, so
   // the template and the column 11 are committed before the size row fails.
   const std::wstring identifier(300, L'x');
-  auto [size, writes] = Captured([&] { return table_AddStdSize(table_, identifier.c_str()); });
-  EXPECT_EQ(size, nullptr);
-  ASSERT_EQ(writes.size(), 1u);
-  EXPECT_EQ(writes[0].rfind(">LxDataAcces:  (fun: table_AddStdSize)\n", 0), 0u) << writes[0];
+  EXPECT_TRUE(
+      FailedInDatabase(Captured([&] { return table_AddStdSize(table_, identifier.c_str()); }), "table_AddStdSize"));
   EXPECT_EQ(StoredTemplateNames(folderId_), Texts{identifier});
   EXPECT_EQ(Stored(folderId_, 11, L"an.NAME"), Texts{L"ID_specification"});
   EXPECT_EQ(StoredIdentifiers(), Texts{});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"), 0);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), 0);
   EXPECT_FALSE(table_IsEmpty(table_));
   EXPECT_EQ(ColumnNames(table_), Texts{L"ID_specification"});
   EXPECT_EQ(table_GetStdSizeCount(table_), 0);
@@ -252,10 +230,9 @@ TEST_F(TableSizes, AFailedSizeRowLeavesTheCommittedTemplateAndColumn) {
 TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
   // A column that has the name but not the number 11 is in the way.
   ASSERT_NE(table_AddAttribute(table_, L"ID_specification", L"Чужой", 3), nullptr);
-  auto [size, writes] = Captured([&] { return table_AddStdSize(table_, L"M5"); });
-  EXPECT_EQ(size, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут с таким именем есть: ID_specification [CFolderTable::_AddAttribute]",
-                                      "Не смогли создать 11й атрибут [CFolderTable::_AddStdSize]"})});
+  EXPECT_FAILS(table_AddStdSize(table_, L"M5"),
+               "Атрибут с таким именем есть: ID_specification [CFolderTable::_AddAttribute]",
+               "Не смогли создать 11й атрибут [CFolderTable::_AddStdSize]");
   EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"M5"}));
   EXPECT_EQ(Stored(folderId_, 11, L"oa.ID"), Texts{});
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"ID_specification", L"ID_specification"}));
@@ -269,3 +246,4 @@ TEST_F(TableSizes, AFailedColumn11LeavesTheCommittedTemplate) {
 }
 
 }  // namespace
+}  // namespace lxtest

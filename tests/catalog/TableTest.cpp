@@ -1,41 +1,24 @@
 // Columns of folder tables on real catalogs: automatic numbers, the first
-// template, look-ups by name, the index range, deletion with its SQL, and the
-// tables of virtual folders. Every write is read back from the database, and
-// from memory again after a reload.
+// template, look-ups by name, the index range and deletion with its SQL.
+// Every write is read back from the database, and from memory again after a
+// reload.
 #include <string>
 #include <vector>
 
-#include "ContentFixture.h"
-#include "DebugOutput.h"
+#include "CatalogFixture.h"
 #include "api/CallFrame.h"
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 
-using lxtest::AttributeRow;
-using lxtest::Captured;
-using lxtest::FlushText;
-using lxtest::Writes;
-
+namespace lxtest {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-class TableColumns : public lxtest::ContentFixture {
+class TableColumns : public TableFixture {
  protected:
   std::int32_t TemplateCount(std::int32_t folderId) {
-    return Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));
-  }
-  // A folder "Гайки" beside "Болты", holding one template with one column of
-  // this number, and a size, all in SQL. Gives the folder's id.
-  std::int32_t LayNeighbourFolder(std::int32_t number) {
-    EXPECT_NE(folder_AddChildFolder(root_, L"Гайки"), nullptr);
-    const std::int32_t id = FolderId(L"Гайки");
-    Sql().Execute({TemplateRow(900, L"Гайка", id), SizeRow(950, 900, L"Г1"),
-                   AttributeRowSql(900, {number, 1, L"Соседний", L"Столбец соседа"}),
-                   SizeValueSql(number, 950, L"77, NULL, NULL")});
-    return id;
+    return Count(L"OBJECT WHERE FOLDERID = " + std::to_wstring(folderId));
   }
 };
 
@@ -59,7 +42,7 @@ TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21) {
 }
 
 TEST_F(TableColumns, NumbersFollowTheLargestNumberAbove20) {
-  LayNeighbourFolder(90);  // numbers of other folders don't count
+  LayNuts({90, 1, L"Соседний", L"Столбец соседа"}, L"77, NULL, NULL");  // other folders don't count
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), AttributeRowSql(501, {5, 1, L"Пятый", L"Номер пять"})});
   ReloadAndWalk();
   LxAttribute* added = table_AddAttribute(table_, L"Новый", L"Новый столбец", 1);
@@ -78,21 +61,16 @@ TEST_F(TableColumns, NumbersFollowTheLargestNumberAbove20) {
 }
 
 TEST_F(TableColumns, TypeZeroIsRefusedBeforeAnyTemplateIsMade) {
-  auto [added, writes] = Captured([&] { return table_AddAttribute(table_, L"Длина", L"Длина болта", 0); });
-  EXPECT_EQ(added, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Для атрибута задается неверный тип [CFolderTable::_AddAttribute]"})});
+  EXPECT_FAILS(table_AddAttribute(table_, L"Длина", L"Длина болта", 0),
+               "Для атрибута задается неверный тип [CFolderTable::_AddAttribute]");
   EXPECT_EQ(TemplateCount(folderId_), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
   EXPECT_EQ(table_GetAttributeCount(table_), 0);
 }
 
 TEST_F(TableColumns, NullTextsFailWithoutAMessage) {
-  auto [noName, writes] = Captured([&] { return table_AddAttribute(table_, nullptr, L"d", 1); });
-  EXPECT_EQ(noName, nullptr);
-  EXPECT_TRUE(writes.empty());
-  auto [noDescription, moreWrites] = Captured([&] { return table_AddAttribute(table_, L"n", nullptr, 1); });
-  EXPECT_EQ(noDescription, nullptr);
-  EXPECT_TRUE(moreWrites.empty());
+  EXPECT_FAILS(table_AddAttribute(table_, nullptr, L"d", 1));
+  EXPECT_FAILS(table_AddAttribute(table_, L"n", nullptr, 1));
   EXPECT_EQ(TemplateCount(folderId_), 0);
 }
 
@@ -118,8 +96,7 @@ TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate)
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   ASSERT_NE(size, nullptr);
-  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
-            (Texts{L"_AddTemplate", L"M5"}));
+  EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"M5"}));
   EXPECT_EQ(Sql().Texts(L"SELECT o.NAME FROM STANDARDSIZE sz JOIN OBJECT o ON o.ID = sz.OBJECTID"), Texts{L"M5"});
   // Both templates have both columns, in the database and in memory.
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Длина", L"Длина"}));
@@ -141,15 +118,13 @@ TEST_F(TableColumns, AddTemplateIsNamedUniquelyInItsTable) {
   const auto made = CallFrame("test").Call([&] { return table->CreateNewTemplate(L"_AddTemplate"); });
   ASSERT_NE(made, nullptr);
   EXPECT_EQ(made->GetName(), L"_AddTemplate (0)");
-  EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + std::to_wstring(folderId_) + L" ORDER BY ID"),
-            (Texts{L"_AddTemplate", L"_AddTemplate (0)"}));
+  EXPECT_EQ(StoredTemplateNames(folderId_), (Texts{L"_AddTemplate", L"_AddTemplate (0)"}));
 }
 
 TEST_F(TableColumns, TakenNamesAreRefusedExactly) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
-  auto [taken, writes] = Captured([&] { return table_AddAttribute(table_, L"Длина", L"Другое", 1); });
-  EXPECT_EQ(taken, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
+  EXPECT_FAILS(table_AddAttribute(table_, L"Длина", L"Другое", 1),
+               "Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]");
   EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), Texts{});
   // Another case is another name.
   LxAttribute* upper = table_AddAttribute(table_, L"ДЛИНА", L"Длина прописью", 1);
@@ -164,17 +139,11 @@ TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
   CFolderTable* table = Obj(table_);
   // The columns are walked in order; the first one that clashes in either way
   // decides the message.
-  auto [number, numberWrites] = Captured([&] {
-    return CallFrame("test").Call([&] { return table->_AddAttribute(L"Ширина", L"d", 1, 21); });
-  });
-  EXPECT_EQ(number, nullptr);
-  EXPECT_EQ(numberWrites, Writes{FlushText({"Атрибут с таким номером есть: 21 [CFolderTable::_AddAttribute]"})});
-  auto [name, nameWrites] = Captured([&] {
-    return CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); });
-  });
-  EXPECT_EQ(name, nullptr);
-  EXPECT_EQ(nameWrites, Writes{FlushText({"Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]"})});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE"), 2);
+  EXPECT_FAILS(CallFrame("test").Call([&] { return table->_AddAttribute(L"Ширина", L"d", 1, 21); }),
+               "Атрибут с таким номером есть: 21 [CFolderTable::_AddAttribute]");
+  EXPECT_FAILS(CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); }),
+               "Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]");
+  EXPECT_EQ(Count(L"OBJECTATTRIBUTE"), 2);
 }
 
 TEST_F(TableColumns, EveryTemplateGetsTheNewColumnWithItsDefault) {
@@ -212,23 +181,13 @@ TEST_F(TableColumns, FindAttributeFoldsLatinAndRussianCaseOnly) {
     LxAttribute* attribute = table_FindAttribute(table_, name);
     return attribute == nullptr ? L"-" : attribute_GetName(attribute);
   };
-  EXPECT_EQ(found(L"длина"), L"ДЛИНА");
-  EXPECT_EQ(found(L"ДлИнА"), L"ДЛИНА");
-  EXPECT_EQ(found(L"ЁЛКА"), L"ёлка");
-  EXPECT_EQ(found(L"елка"), L"-");
-  EXPECT_EQ(found(L"ЕЛЬ"), L"ель");
-  EXPECT_EQ(found(L"ёль"), L"-");
-  EXPECT_EQ(found(L"WIDTH"), L"Width");
-  EXPECT_EQ(found(L"äußere"), L"-");
-  EXPECT_EQ(found(L"Äußere"), L"Äußere");
-  EXPECT_EQ(found(L"длин"), L"-");
-  EXPECT_EQ(found(L"длинаа"), L"-");
-  auto [empty, writes] = Captured([&] { return table_FindAttribute(table_, L""); });
-  EXPECT_EQ(empty, nullptr);
-  EXPECT_TRUE(writes.empty());
-  auto [null, nullWrites] = Captured([&] { return table_FindAttribute(table_, nullptr); });
-  EXPECT_EQ(null, nullptr);
-  EXPECT_TRUE(nullWrites.empty());
+  const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+      {L"длина", L"ДЛИНА"},   {L"ДлИнА", L"ДЛИНА"}, {L"ЁЛКА", L"ёлка"},   {L"елка", L"-"},
+      {L"ЕЛЬ", L"ель"},       {L"ёль", L"-"},       {L"WIDTH", L"Width"}, {L"äußere", L"-"},
+      {L"Äußere", L"Äußere"}, {L"длин", L"-"},      {L"длинаа", L"-"}};
+  for (const auto& [asked, name] : cases) EXPECT_EQ(found(asked), name) << testing::PrintToString(std::wstring(asked));
+  EXPECT_FAILS(table_FindAttribute(table_, L""));
+  EXPECT_FAILS(table_FindAttribute(table_, nullptr));
 }
 
 TEST_F(TableColumns, FindAttributeTakesTheFirstInNameOrderAmongCaseTwins) {
@@ -241,21 +200,18 @@ TEST_F(TableColumns, FindAttributeTakesTheFirstInNameOrderAmongCaseTwins) {
 TEST_F(TableColumns, IndexOutsideTheColumnsReportsTheRange) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   for (int32_t index : {1, -1}) {
-    auto [attribute, writes] = Captured([&] { return table_GetAttribute(table_, index); });
-    EXPECT_EQ(attribute, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({"Индекс " + std::to_string(index) +
-                                        " выходит за пределы диапазона [0, 1) [CFolderTable::_GetAttribute]"})});
+    EXPECT_FAILS(
+        table_GetAttribute(table_, index),
+        "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 1) [CFolderTable::_GetAttribute]");
   }
 }
 
 TEST_F(TableColumns, ClearDoesNothing) {
   ASSERT_NE(table_AddStdSize(table_, L"M5"), nullptr);
-  auto [cleared, writes] = Captured([&] { return table_Clear(table_); });
-  EXPECT_FALSE(cleared);
-  EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(table_Clear(table_));
   EXPECT_EQ(table_GetAttributeCount(table_), 1);
   EXPECT_EQ(table_GetStdSizeCount(table_), 1);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE"), 1);
+  EXPECT_EQ(Count(L"STANDARDSIZE"), 1);
 }
 
 TEST_F(TableColumns, RenameAndRenumberMoveAColumnToTheEnd) {
@@ -282,7 +238,7 @@ class DeletingColumns : public TableColumns {
   // size, and a neighbour folder with a column 21 of its own.
   void SetUp() override {
     TableColumns::SetUp();
-    neighbour_ = LayNeighbourFolder(21);
+    neighbour_ = LayNuts({21, 1, L"Соседний", L"Столбец соседа"}, L"77, NULL, NULL");
     Sql().Execute({TemplateRow(501, L"Болт", folderId_), TemplateRow(502, L"Болт длинный", folderId_),
                    SizeRow(601, 501, L"Б1"), SizeRow(602, 501, L"Б2"), SizeRow(603, 502, L"Б3"),
                    AttributeRowSql(501, {21, 1, L"Длина", L"Длина болта"}),
@@ -298,11 +254,11 @@ class DeletingColumns : public TableColumns {
 
 TEST_F(DeletingColumns, RowsAndValuesOfTheNumberGoInThisFolderOnly) {
   ASSERT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
-  const std::int32_t valueRows = Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE");
+  const std::int32_t valueRows = Count(L"ATTRIBUTEVALUE");
   ASSERT_TRUE(table_DeleteAttribute(table_, Column(L"Длина")));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.ID"), Texts{});
   EXPECT_EQ(StoredSizeValues(folderId_, 21), Texts{});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE"), valueRows - 3);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), valueRows - 3);
   // The other column and the neighbour folder's column 21 stay.
   EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), (Texts{L"Шаг", L"Шаг"}));
   EXPECT_EQ(StoredSizeValues(folderId_, 22), Texts{L"Б3=7||"});
@@ -326,22 +282,18 @@ TEST_F(DeletingColumns, AColumnOfAnotherTableIsRefused) {
   LxFolderTable* neighbourTable = folder_GetTable(ChildNamed(root_, L"Гайки"));
   LxAttribute* stranger = ColumnOf(neighbourTable, L"Соседний");
   ASSERT_NE(stranger, nullptr);
-  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(table_, stranger); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes, Writes{FlushText({"Атрибут не соответствует своему родителю [CFolderTable::_DeleteAttribute]"})});
+  EXPECT_FAILS(table_DeleteAttribute(table_, stranger),
+               "Атрибут не соответствует своему родителю [CFolderTable::_DeleteAttribute]");
   EXPECT_EQ(Stored(neighbour_, 21, L"an.NAME"), Texts{L"Соседний"});
   EXPECT_EQ(ColumnNames(neighbourTable), Texts{L"Соседний"});
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
 }
 
 TEST_F(DeletingColumns, NullHandlesAreNamed) {
-  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(table_, nullptr); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes,
-            Writes{FlushText({"Передан нулевой указатель на объект attribute (fun: table_DeleteAttribute)"})});
-  auto [noTable, tableWrites] = Captured([&] { return table_DeleteAttribute(nullptr, Column(L"Длина")); });
-  EXPECT_FALSE(noTable);
-  EXPECT_EQ(tableWrites, Writes{FlushText({"Передан нулевой указатель на объект table (fun: table_DeleteAttribute)"})});
+  EXPECT_FAILS(table_DeleteAttribute(table_, nullptr),
+               "Передан нулевой указатель на объект attribute (fun: table_DeleteAttribute)");
+  EXPECT_FAILS(table_DeleteAttribute(nullptr, Column(L"Длина")),
+               "Передан нулевой указатель на объект table (fun: table_DeleteAttribute)");
   EXPECT_EQ(table_GetAttributeCount(table_), 2);
 }
 
@@ -369,85 +321,5 @@ TEST_F(TableColumns, DeletedColumn11ComesBackWithTheNextSize) {
   EXPECT_EQ(Shown(Size(L"M5"), Column(L"ID_specification")), L"s:");
 }
 
-// "Группы" holds two templates that differ in their common value, so its
-// load makes the virtual folders "0" and "1", one template each.
-class VirtualTables : public TableColumns {
- protected:
-  void SetUp() override {
-    TableColumns::SetUp();
-    ASSERT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
-    groups_ = FolderId(L"Группы");
-    Sql().Execute({TemplateRow(701, L"Первый", groups_), TemplateRow(702, L"Второй", groups_),
-                   SizeRow(801, 701, L"В1"), SizeRow(802, 702, L"В2"),
-                   AttributeRowSql(701, {21, 1, L"Длина", L"Длина детали", L"1, NULL, NULL"}),
-                   AttributeRowSql(702, {21, 1, L"Длина", L"Длина детали", L"2, NULL, NULL"})});
-    ReloadAndWalk();
-    LxFolder* groups = ChildNamed(root_, L"Группы");
-    ASSERT_EQ(folder_GetChildFolderCount(groups), 2);
-    first_ = folder_GetTable(ChildNamed(groups, L"0"));
-    second_ = folder_GetTable(ChildNamed(groups, L"1"));
-    // The load has no order, so either group may come first.
-    if (table_FindStdSize(first_, L"В1") == nullptr) std::swap(first_, second_);
-    ASSERT_NE(table_FindStdSize(first_, L"В1"), nullptr);
-    ASSERT_TRUE(folder_IsVirtual(table_GetFolder(first_)));
-  }
-  std::int32_t groups_ = 0;
-  LxFolderTable* first_ = nullptr;
-  LxFolderTable* second_ = nullptr;
-};
-
-TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
-  LxAttribute* added = table_AddAttribute(first_, L"Шаг", L"Шаг резьбы", 2);
-  ASSERT_NE(added, nullptr);
-  EXPECT_EQ(attribute_GetNumber(added), 22);
-  EXPECT_EQ(Stored(groups_, 22, L"oa.OBJECTID || ':' || an.NAME"), Texts{L"701:Шаг"});
-  EXPECT_EQ(ColumnNames(first_), (Texts{L"Длина", L"Шаг"}));
-  EXPECT_EQ(ColumnNames(second_), Texts{L"Длина"});
-  EXPECT_EQ(RecordNames(table_FindStdSize(second_, L"В2")), Texts{L"Длина"});
-  ReloadAndWalk();
-  LxStdSize* first = packet_FindStdSize(packet_, L"В1");
-  LxStdSize* second = packet_FindStdSize(packet_, L"В2");
-  EXPECT_EQ(ColumnNames(stdsize_GetTable(first)), (Texts{L"Длина", L"Шаг"}));
-  EXPECT_EQ(ColumnNames(stdsize_GetTable(second)), Texts{L"Длина"});
-  EXPECT_EQ(Shown(first, ColumnOf(stdsize_GetTable(first), L"Шаг")), L"d:0");
-}
-
-TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
-  const std::int32_t objects = Sql().Int(L"SELECT COUNT(*) FROM OBJECT");
-  auto [size, writes] = Captured([&] { return table_AddStdSize(first_, L"Новый"); });
-  EXPECT_EQ(size, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Для виртуальных фолдеров создание темплейтов невозможно "
-                                      "[TableOperation::CreateNewTemplate]",
-                                      "Проблема с базой, не смогли создать новый темплейт "
-                                      "[CFolderTable::CreateNewTemplate]",
-                                      "Не смогли создать шаблон для нового типоразмера [CFolderTable::_AddStdSize]"})});
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT"), objects);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
-  EXPECT_EQ(SizeIds(first_), Texts{L"В1"});
-}
-
-TEST_F(VirtualTables, DeletingAColumnIsRefused) {
-  auto [deleted, writes] = Captured([&] { return table_DeleteAttribute(first_, ColumnOf(first_, L"Длина")); });
-  EXPECT_FALSE(deleted);
-  EXPECT_EQ(writes, Writes{FlushText({"Для виртуальных фолдеров удаление атрибутов невозможно "
-                                      "[TableOperation::DeleteAttribute]",
-                                      "Проблемы при удалении атрибута:\nname = Длина\nfolder = 0\npacket = Пакет "
-                                      "[CFolderTable::_DeleteAttribute]"})});
-  EXPECT_EQ(Stored(groups_, 21, L"oa.OBJECTID"), (Texts{L"701", L"702"}));
-  EXPECT_EQ(ColumnNames(first_), Texts{L"Длина"});
-}
-
-TEST_F(VirtualTables, IdentifiersOfVirtualTablesAreTaken) {
-  LxStdSize* size = table_AddStdSize(table_, L"В1");
-  ASSERT_NE(size, nullptr);
-  EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
-}
-
-TEST_F(VirtualTables, TheSplitParentIsEmpty) {
-  LxFolderTable* parent = folder_GetTable(ChildNamed(root_, L"Группы"));
-  EXPECT_TRUE(table_IsEmpty(parent));
-  EXPECT_EQ(table_GetAttributeCount(parent), 0);
-  EXPECT_FALSE(table_IsEmpty(first_));
-}
-
 }  // namespace
+}  // namespace lxtest
