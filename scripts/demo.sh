@@ -4,4 +4,4 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 bash "$root/scripts/setup.sh"
 build=$(bash "$root/scripts/build.sh" LxDataAccess lxdemo | tail -n 1)
-"$build/demo/lxdemo"
+"$build/bin/lxdemo"

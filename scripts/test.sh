@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The whole test suite: installs what is missing, builds, runs every test.
+# The whole test suite: installs what is missing, checks that includes follow
+# the layers (scripts/check-layers.sh), builds, runs every test.
 #   scripts/test.sh              the normal build
 #   scripts/test.sh --sanitize   under AddressSanitizer and UndefinedBehaviorSanitizer
 #   scripts/test.sh --tsan       under ThreadSanitizer
@@ -8,6 +9,8 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 mode=${1:-}
 
 bash "$root/scripts/setup.sh"
+# Includes against the layers fail the command at once, before a long build.
+bash "$root/scripts/check-layers.sh" "$root"
 build=$(bash "$root/scripts/build.sh" $mode | tail -n 1)
 
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1:abort_on_error=1}
