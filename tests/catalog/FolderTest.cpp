@@ -146,12 +146,5 @@ TEST_F(Folders, NullHandlesAreNamedPerArgument) {
   EXPECT_FAILS(folder_IsVirtual(nullptr), "Передан нулевой указатель на объект folder (fun: folder_IsVirtual)");
 }
 
-TEST_F(Folders, TableOfAFolderIsThereAfterTheLoad) {
-  LxFolder* child = folder_AddChildFolder(root_, L"А");
-  LxFolderTable* table = folder_GetTable(child);
-  EXPECT_NE(table, nullptr);
-  EXPECT_EQ(folder_GetTable(child), table);
-}
-
 }  // namespace
 }  // namespace lxtest
