@@ -85,21 +85,11 @@ TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate)
   EXPECT_EQ(table_GetStdSizeCount(table_), 1);
 }
 
-TEST_F(TableColumns, TakenNamesAreRefusedExactly) {
-  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
-  EXPECT_FAILS(table_AddAttribute(table_, L"Длина", L"Другое", 1),
-               "Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]");
-  EXPECT_EQ(Stored(folderId_, 22, L"an.NAME"), Texts{});
-  // Another case is another name.
-  LxAttribute* upper = table_AddAttribute(table_, L"ДЛИНА", L"Длина прописью", 1);
-  ASSERT_NE(upper, nullptr);
-  EXPECT_EQ(attribute_GetNumber(upper), 22);
-  EXPECT_EQ(table_GetAttributeCount(table_), 2);
-}
-
-TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
+TEST_F(TableColumns, TakenNamesAndNumbersAreRefusedWhereTheyComeFirst) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   ASSERT_NE(table_AddAttribute(table_, L"Ширина", L"Ширина головки", 1), nullptr);
+  EXPECT_FAILS(table_AddAttribute(table_, L"Длина", L"Другое", 1),
+               "Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]");
   CFolderTable* table = Obj(table_);
   // The columns are walked in order; the first one that clashes in either way
   // decides the message.
@@ -108,6 +98,10 @@ TEST_F(TableColumns, TakenNumbersAreRefusedWhereTheyComeFirst) {
   EXPECT_FAILS(CallFrame("test").Call([&] { return table->_AddAttribute(L"Длина", L"d", 1, 22); }),
                "Атрибут с таким именем есть: Длина [CFolderTable::_AddAttribute]");
   EXPECT_EQ(Count(L"OBJECTATTRIBUTE"), 2);
+  // Names clash exactly: another case is another name.
+  LxAttribute* upper = table_AddAttribute(table_, L"ДЛИНА", L"Длина прописью", 1);
+  ASSERT_NE(upper, nullptr);
+  EXPECT_EQ(attribute_GetNumber(upper), 23);
 }
 
 TEST_F(TableColumns, EveryTemplateGetsTheNewColumnWithItsDefault) {
