@@ -1,7 +1,6 @@
 // Packets on a real catalog: creation and renaming with every rule, checked
 // in memory and in the database.
 #include "CatalogFixture.h"
-#include "platform/TextCodec.h"
 
 namespace lxtest {
 namespace {

@@ -9,7 +9,6 @@
 #include "api/Handles.h"
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
-#include "catalog/CTemplate.h"
 
 namespace lxtest {
 namespace {

@@ -3,7 +3,6 @@
 // removals at size level that first spell a template's common value out for
 // every size, the refusals in their order, and the rest of the stdsize_
 // family. Every write is read back from the database and after a reload.
-#include <cwchar>
 #include <string>
 #include <variant>
 #include <vector>

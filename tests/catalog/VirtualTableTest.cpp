@@ -117,17 +117,6 @@ TEST_F(VirtualTables, IdentifiersOfVirtualTablesAreTaken) {
   EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
 }
 
-TEST_F(VirtualTables, UnchangedColumnValuesAndClashesComeBeforeTheRefusal) {
-  EXPECT_EQ(WithoutDatabase([&] {
-              return attribute_SetName(length_, L"Длина") && attribute_SetNumber(length_, 21) &&
-                     attribute_SetMeasure(length_, L"") && attribute_SetType(length_, 1);
-            }),
-            Quietly(true));
-  EXPECT_FAILS(attribute_SetName(length_, L"Вычисл"),
-               "Не смогли задать атрибуту 'Длина' новое имя 'Вычисл', т.к. уже есть такой "
-               "атрибут [CAttribute::_SetName]");
-}
-
 TEST_F(VirtualTables, EveryColumnWriteIsRefusedWithTwoMessages) {
   auto stored = [&] {
     return std::make_pair(StoredColumns(L"oa.OBJECTID = 701"), StoredColumns(L"oa.OBJECTID = 702"));

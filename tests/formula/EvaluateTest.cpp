@@ -6,7 +6,6 @@
 #include "FakeFormulaSource.h"
 #include "FormulaPrinter.h"
 #include "ValueAssertions.h"
-#include "formula/CLogicFormula.h"
 #include "formula/FormulaError.h"
 #include "formula/FormulaParser.h"
 #include "formula/NumberText.h"
