@@ -2,9 +2,7 @@
 // reports and exceptions, what it skips, and that it costs no allocation.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
-#include <cstdlib>
 #include <future>
 #include <new>
 #include <stdexcept>

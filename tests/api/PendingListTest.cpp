@@ -13,12 +13,4 @@ TEST(PendingList, FlushTextIndentsEachFurtherMessage) {
   EXPECT_EQ(list.DebugText(), L">LxDataAcces: a\n>   b\nc\n>   >   \n");
 }
 
-TEST(PendingList, ClearForgetsMessagesButKeepsRoom) {
-  PendingList list;
-  list.Append(L"one");
-  list.Clear();
-  EXPECT_TRUE(list.Empty());
-  EXPECT_EQ(list.DebugText(), L">LxDataAcces: ");
-}
-
 }  // namespace

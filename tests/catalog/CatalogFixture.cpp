@@ -118,16 +118,6 @@ std::int32_t TableFixture::LayNuts(const AttributeRow& column, const std::wstrin
   return id;
 }
 
-std::int32_t TableFixture::LayGroups(const std::vector<AttributeRow>& first, const std::vector<AttributeRow>& second) {
-  EXPECT_NE(folder_AddChildFolder(root_, L"Группы"), nullptr);
-  const std::int32_t id = FolderId(L"Группы");
-  Sql().Execute({TemplateRow(701, L"Первый", id), TemplateRow(702, L"Второй", id), SizeRow(801, 701, L"В1"),
-                 SizeRow(802, 702, L"В2")});
-  for (const AttributeRow& row : first) Sql().Execute(AttributeRowSql(701, row));
-  for (const AttributeRow& row : second) Sql().Execute(AttributeRowSql(702, row));
-  return id;
-}
-
 Texts TableFixture::StoredTemplateNames(std::int32_t folderId) {
   return Sql().Texts(L"SELECT NAME FROM OBJECT WHERE FOLDERID = " + N(folderId) + L" ORDER BY ID");
 }
@@ -202,10 +192,6 @@ std::wstring TableFixture::Described(const ValueView& view) {
 
 std::int32_t CatalogFixture::FolderId(const std::wstring& name) {
   return Sql().Int(L"SELECT ID FROM FOLDER WHERE NAME = " + Quoted(name));
-}
-
-std::int32_t TableFixture::SizeId(const std::wstring& identifier) {
-  return Sql().Int(L"SELECT ID FROM STANDARDSIZE WHERE IDENTIFIER = " + Quoted(identifier));
 }
 
 std::vector<std::wstring> TableFixture::Stored(std::int32_t folderId, std::int32_t number,

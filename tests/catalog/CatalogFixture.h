@@ -3,10 +3,9 @@
 // attached through pool_AddProvider. TableFixture adds the packet "Пакет",
 // whose root folder has the child "Болты", reached through the interface,
 // and helpers that lay out the shapes the interface cannot make (templates
-// with common values, several sizes per template, formulas, groups of
-// unlike templates) as SQL, read rows back, and come back to the same
-// objects after a reload, since a reload destroys every handle below the
-// provider.
+// with common values, several sizes per template, formulas) as SQL, read
+// rows back, and come back to the same objects after a reload, since a
+// reload destroys every handle below the provider.
 //
 // Embedded by default (a private folder, one file per test, since only one
 // process may open a file embedded). With LX_TEST_SERVER set (see
@@ -20,7 +19,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "CatalogSql.h"
@@ -82,22 +80,15 @@ class CatalogFixture : public ::testing::Test {
 // procedure's last three arguments (IVAL, DVAL, SVAL) as SQL; a row without
 // any keeps CONCRETEVALUEID null, so the load gives it its type's default.
 struct AttributeRow {
-  AttributeRow(std::int32_t number, std::int32_t type, std::wstring name, std::wstring description,
-               std::wstring values = L"NULL, NULL, NULL", std::wstring formula = L"", std::wstring measure = L"",
-               std::wstring varName = L"", std::int32_t oldNumber = 0)
-      : number(number), type(type), name(std::move(name)), description(std::move(description)),
-        values(std::move(values)), formula(std::move(formula)), measure(std::move(measure)),
-        varName(std::move(varName)), oldNumber(oldNumber) {}
-
   std::int32_t number;
   std::int32_t type;
   std::wstring name;
   std::wstring description;
-  std::wstring values;
-  std::wstring formula;
-  std::wstring measure;
-  std::wstring varName;
-  std::int32_t oldNumber;
+  std::wstring values = L"NULL, NULL, NULL";
+  std::wstring formula{};
+  std::wstring measure{};
+  std::wstring varName{};
+  std::int32_t oldNumber = 0;
 };
 
 class TableFixture : public CatalogFixture {
@@ -120,15 +111,6 @@ class TableFixture : public CatalogFixture {
   // "Г1" and this one column, with an own value of "Г1" unless `ownValue`
   // is empty. Gives the folder's id.
   std::int32_t LayNuts(const AttributeRow& column, const std::wstring& ownValue = L"");
-  // A folder "Группы" with templates 701 "Первый" (size "В1") and 702
-  // "Второй" (size "В2") and these columns each; when their common values
-  // differ, the load splits it into the virtual folders "0" and "1". Gives
-  // the folder's id.
-  std::int32_t LayGroups(const std::vector<AttributeRow>& first, const std::vector<AttributeRow>& second);
-  // The table of the size with this identifier anywhere in the packet.
-  LxFolderTable* TableOf(const std::wstring& identifier) const {
-    return stdsize_GetTable(packet_FindStdSize(packet_, identifier.c_str()));
-  }
   // The names of the templates of the folder, by id.
   Texts StoredTemplateNames(std::int32_t folderId);
 
@@ -152,7 +134,6 @@ class TableFixture : public CatalogFixture {
   // has a length, a text no terminating NUL, or an empty view any payload.
   static std::wstring Described(const ValueView& view);
 
-  std::int32_t SizeId(const std::wstring& identifier);
   // `expression` over `oa` (OBJECTATTRIBUTE), `an` (its ATTRIBUTENAME) and
   // `ad` (its ATTRIBUTEDESCRIPTION) for the row of this number in every
   // template of the folder, by template id; a null shows as "<null>".

@@ -10,13 +10,6 @@ namespace {
 
 class Provider : public CatalogFixture {};
 
-TEST_F(Provider, KeepsItsConnectionStrings) {
-  ASSERT_NE(provider_, nullptr);
-  EXPECT_EQ(provider_GetServerName(provider_), connection_.server);
-  EXPECT_EQ(provider_GetDatabaseName(provider_), database_);
-  EXPECT_EQ(provider_GetUserName(provider_), connection_.user);
-}
-
 TEST_F(Provider, IsEditableOnAWritableCatalogAndLeavesNoTrace) {
   const std::int32_t foldersBefore = Count(L"FOLDER");
   const std::int32_t generatorBefore = Sql().Int(L"SELECT GEN_ID(GEN_FOLDER_ID, 0) FROM RDB$DATABASE");

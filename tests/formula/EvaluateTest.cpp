@@ -6,7 +6,6 @@
 #include "FakeFormulaSource.h"
 #include "FormulaPrinter.h"
 #include "ValueAssertions.h"
-#include "formula/CLogicFormula.h"
 #include "formula/FormulaError.h"
 #include "formula/FormulaParser.h"
 #include "formula/NumberText.h"
@@ -89,13 +88,13 @@ INSTANTIATE_TEST_SUITE_P(Arithmetic, Evaluation, testing::Values(
     Text(L"{ABC+1}", Value{L"ABC+11"})));
 
 INSTANTIATE_TEST_SUITE_P(Functions, Evaluation, testing::Values(
-    Text(L"{R(2.5)}", Value{3.0}), Text(L"{R(-2.5)}", Value{-3.0}), Text(L"{R(2.4)}", Value{2.0}),
+    // RoundHalfAway below holds the rounding cases; these are the calls.
+    Text(L"{R(2.5)}", Value{3.0}), Text(L"{R(-1.25, 1)}", Value{-1.3}), Text(L"{R(1250, -2)}", Value{1300.0}),
     Text(L"{R(A1)}", Value{7.0}),  // a double also for an integer argument
     Text(L"{R(A5,2)}", Value{3.0}),  // one argument: "2" is dropped
-    Text(L"{R(A5, 2)}", Value{2.5}), Text(L"{R(1.2345, 2)}", Value{1.23}), Text(L"{R(-1.25, 1)}", Value{-1.3}),
-    Text(L"{R(1250, -2)}", Value{1300.0}), Text(L"{R(1249, -2)}", Value{1200.0}), Text(L"{R(A14, A12)}", Value{7.9}),
+    Text(L"{R(A5, 2)}", Value{2.5}), Text(L"{R(A14, A12)}", Value{7.9}),
     Text(L"{R(7.9, \"x\")}", Value{8.0}),  // digits that aren't a number count as 0
-    Text(L"{R(1.5, 400)}", Value{1.5}), Text(L"{R(1.5, -400)}", Value{0.0}), Text(L"{R(A8)}", Value{0.0}),
+    Text(L"{R(A8)}", Value{0.0}),
     Text(L"{2*R(A5,10)}", Value{5.0}), Text(L"{NAME(1)}", Value{0}), Text(L"{ID(A1, A2)}", Value{0}),
     Text(L"{HPOINT(A1, A2)}", Value{0})));
 
@@ -273,17 +272,6 @@ TEST(WriteThrough, WritesTheValueToTheReferredNumberAndReportsTheSourcesAnswer) 
     EXPECT_EQ(source.Writes()[0].first, 21);
     EXPECT_TRUE(SameValue(source.Writes()[0].second, Value{L"new"}));
   }
-}
-
-TEST(Evaluation, ATreeGivesTheSameResultEveryTime) {
-  FormulaPtr tree = ParseTextFormula(L"Болт М{A12}x{R(A5*A13, 1)}");
-  FakeFormulaSource source = MakeCatalogSource();
-  Value first;
-  Value second;
-  tree->Evaluate(first, source, kDefaultNumberFormat);
-  tree->Evaluate(second, source, kDefaultNumberFormat);
-  EXPECT_TRUE(SameValue(first, Value{L"Болт М10x50,00"}));
-  EXPECT_TRUE(SameValue(second, first));
 }
 
 struct RoundCase {

@@ -20,11 +20,6 @@ TEST(ModulePaths, DirectoryIsCutAtTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(DirectoryOf(L"file"), L"");
 }
 
-TEST(ModulePaths, ExecutableIsThisProcess) {
-  const std::filesystem::path self = std::filesystem::canonical("/proc/self/exe");
-  EXPECT_EQ(ExecutableFilePath(), Utf8ToWide(self.string()));
-}
-
 TEST(ModulePaths, LibraryFileContainsThisCode) {
   // The test links the library's objects into its own executable, so the
   // module that holds the code is the test program itself.

@@ -12,9 +12,7 @@ TEST(Process, ExitCodeComesBack) {
   EXPECT_EQ(RunAndWait(LR"(/bin/sh -c "exit 0")"), 0);
   EXPECT_EQ(RunAndWait(LR"(/bin/sh -c "exit 3")"), 3);
   EXPECT_EQ(RunAndWait(LR"(/bin/sh -c "kill -TERM $$")"), 128 + 15);
-}
-
-TEST(Process, BackslashesInTheProgramPathAreSeparators) {
+  // Backslashes in the program's path are separators.
   EXPECT_EQ(RunAndWait(LR"(\bin\sh -c "exit 4")"), 4);
 }
 
