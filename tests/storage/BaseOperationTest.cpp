@@ -152,25 +152,20 @@ TEST(WritingOperation, ScopeGoesOnAfterACommit) {
   EXPECT_EQ(Folders(catalog.Provider()), 2);
 }
 
-TEST(WritingOperation, UncommittedWorkEndsWithTheScope) {
-  TestCatalog catalog;
-  lxtest::CatalogSql(*catalog.Provider()).Execute(L"INSERT INTO FOLDER (ID, NAME) VALUES (1, 'kept')");
-  SqlScope(catalog.Provider()).Run(L"UPDATE FOLDER SET NAME = 'lost'");
-  EXPECT_THAT(SqlScope(catalog.Provider()).Texts(L"SELECT NAME FROM FOLDER"), ElementsAre(L"kept"));
-}
-
 // Write access, read committed without record versions, no wait: a row that
 // another scope changed and has not committed can be neither changed nor
-// read, and the refusal comes at once.
+// read, and the refusal comes at once. The change ends with its scope.
 TEST(TransactionKind, RowChangedByAnotherScopeFailsAtOnce) {
   TestCatalog catalog;
   lxtest::CatalogSql(*catalog.Provider()).Execute(L"INSERT INTO FOLDER (ID, NAME) VALUES (1, 'shared')");
-  SqlScope holder(catalog.Provider());
-  holder.Run(L"UPDATE FOLDER SET NAME = 'held'");
-
-  SqlScope other(catalog.Provider());
-  EXPECT_THROW(other.Run(L"UPDATE FOLDER SET NAME = 'other'"), IBPP::Exception);
-  EXPECT_THROW(other.Texts(L"SELECT NAME FROM FOLDER"), IBPP::Exception);
+  {
+    SqlScope holder(catalog.Provider());
+    holder.Run(L"UPDATE FOLDER SET NAME = 'held'");
+    SqlScope other(catalog.Provider());
+    EXPECT_THROW(other.Run(L"UPDATE FOLDER SET NAME = 'other'"), IBPP::Exception);
+    EXPECT_THROW(other.Texts(L"SELECT NAME FROM FOLDER"), IBPP::Exception);
+  }
+  EXPECT_THAT(SqlScope(catalog.Provider()).Texts(L"SELECT NAME FROM FOLDER"), ElementsAre(L"shared"));
 }
 
 TEST(DatabaseText, CharacterOutsideCodePage1251IsTheOnlyOneLost) {
@@ -185,13 +180,9 @@ TEST(DatabaseText, CharacterOutsideCodePage1251IsTheOnlyOneLost) {
   std::string bytes;
   statement.Get(1, bytes);
   EXPECT_EQ(bytes, "\xCE\xF2\xE2\xEE\xE4 90\xB0  \xC4\xF3" "100");
-}
 
-// Read by column number and by name; a null reads as empty. Numbers and
-// their nulls are the client layer's alone (IbppTest).
-TEST(DatabaseText, TextsAndNullReadBackByNumberAndByName) {
-  TestCatalog catalog;
-  SqlScope scope(catalog.Provider());
+  // Read by column number and by name; a null reads as empty. Numbers and
+  // their nulls are the client layer's alone (IbppTest).
   EXPECT_EQ(ReadText(scope, AddText(scope, L"Ширина")), (std::vector<TextRead>{{false, L"Ширина"}, {false, L"Ширина"}}));
   EXPECT_EQ(ReadText(scope, AddText(scope, std::nullopt)), (std::vector<TextRead>{{true, L""}, {true, L""}}));
 }

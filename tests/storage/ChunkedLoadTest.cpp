@@ -59,9 +59,13 @@ class ChunkedLoad : public lxtest::CatalogFixture {
   }
 };
 
-TEST_F(ChunkedLoad, SizeValuesReadPerKeyEqualTheWholePacketQuery) {
+// Sizes and their values in packets 1 and 2, templates and their columns in
+// packets 3 and 4.
+TEST_F(ChunkedLoad, ReadsPerKeyEqualTheWholePacketQuery) {
   MakeSizesPacket(1, L"Ниже", 1000);
   MakeSizesPacket(2, L"Выше", 1001);
+  MakeTemplatesPacket(3, L"Шаблоны ниже", 1000);
+  MakeTemplatesPacket(4, L"Шаблоны выше", 1001);
   ASSERT_TRUE(Reload());
   std::vector<std::wstring> whole = Dump(L"Ниже");
   std::vector<std::wstring> chunked = Dump(L"Выше");
@@ -73,26 +77,27 @@ TEST_F(ChunkedLoad, SizeValuesReadPerKeyEqualTheWholePacketQuery) {
   // Own values of each type beat the template's common 2.5 (i / 4.0 keeps
   // one decimal in SQL).
   EXPECT_NE(std::find(whole.begin(), whole.end(), L"/Данные/ size 'S1' type 'SEGMENT' | i:3 | d:0.2 | s:t1"), whole.end());
-}
 
-TEST_F(ChunkedLoad, TemplateColumnsReadPerKeyEqualTheWholePacketQuery) {
-  MakeTemplatesPacket(1, L"Ниже", 1000);
-  MakeTemplatesPacket(2, L"Выше", 1001);
-  ASSERT_TRUE(Reload());
-  std::vector<std::wstring> whole = Dump(L"Ниже");
-  std::vector<std::wstring> chunked = Dump(L"Выше");
+  whole = Dump(L"Шаблоны ниже");
+  chunked = Dump(L"Шаблоны выше");
   ASSERT_EQ(chunked.size(), whole.size() + 1);
   DropLineOf(chunked, L"S1001");
   EXPECT_EQ(chunked, whole);
   EXPECT_NE(std::find(whole.begin(), whole.end(), L"/Данные/ size 'S1000' type 'VENTBOX' | i:7 | s:"), whole.end());
 }
 
+// A load that cannot attach, or whose chunk fails, fails the call and
+// leaves the packet unloaded; the next touch loads it.
 TEST_F(ChunkedLoad, FailingChunkFailsTheLoadAndARetryWorksOnceFixed) {
   MakeSizesPacket(1, L"Большой", 1500);
-  // Break one value row of a size in the last chunk.
-  Sql().Execute({L"UPDATE OBJECTATTRIBUTE SET ATTRTYPE = 4 WHERE NUMBER = 23"});
   ASSERT_TRUE(Reload());
   LxFolder* root = packet_GetRootFolder(provider_GetPacketByName(provider_, L"Большой"));
+  // With the file gone the load cannot attach: the client's text reaches
+  // the frame.
+  EXPECT_TRUE(lxtest::FailedInDatabase(WithoutDatabase([&] { return folder_GetChildFolderCount(root); }),
+                                       "folder_GetChildFolderCount"));
+  // Break one value row of a size in the last chunk.
+  Sql().Execute({L"UPDATE OBJECTATTRIBUTE SET ATTRTYPE = 4 WHERE NUMBER = 23"});
   auto [count, writes] = Captured([&] { return folder_GetChildFolderCount(root); });
   EXPECT_EQ(count, 1);
   EXPECT_EQ(writes, Writes{FlushText({"Ошибка загрузки атрибутов типоразмеров пакета Большой [BaseOperation::LoadPacket]",
@@ -104,17 +109,6 @@ TEST_F(ChunkedLoad, FailingChunkFailsTheLoadAndARetryWorksOnceFixed) {
   ASSERT_NE(table, nullptr);
   EXPECT_EQ(table_GetStdSizeCount(table), 1500);
   EXPECT_EQ(lxtest::ValueText(table_FindStdSize(table, L"S1500"), table_FindAttribute(table, L"Текст")), L"s:t1500");
-}
-
-TEST_F(ChunkedLoad, LoadThatCannotAttachFailsTheCallAndTheNextTouchLoads) {
-  MakeSizesPacket(1, L"Большой", 1200);
-  ASSERT_TRUE(Reload());
-  LxFolder* root = packet_GetRootFolder(provider_GetPacketByName(provider_, L"Большой"));
-  // With the file gone the load cannot attach: the client's text reaches
-  // the frame, and the packet stays unloaded.
-  EXPECT_TRUE(lxtest::FailedInDatabase(WithoutDatabase([&] { return folder_GetChildFolderCount(root); }),
-                                       "folder_GetChildFolderCount"));
-  EXPECT_NE(folder_GetTable(folder_GetChildFolder(root, 0)), nullptr) << "the next touch loads";
 }
 
 }  // namespace

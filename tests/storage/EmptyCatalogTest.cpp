@@ -86,16 +86,14 @@ TEST(EmptyCatalogImage, IsTheSchemaScriptRunOnAFreshDatabase) {
   EXPECT_EQ(SchemaAndGenerators(image.Sql()), expected);
 }
 
-TEST_F(EmptyCatalog, IsAFirebirdDatabaseOfTheCatalogsFormat) {
+TEST_F(EmptyCatalog, IsAFirebirdDatabaseOfTheCatalogsFormatWithItsFirstRows) {
   const auto image = EmptyCatalogImage();
   ASSERT_GT(image.size(), 16384u);
   EXPECT_EQ(image.size() % 16384, 0u);
   EXPECT_EQ(sql.Texts(L"SELECT MON$PAGE_SIZE || ' ' || MON$ODS_MAJOR || '.' || MON$ODS_MINOR || ' dialect ' || "
                       L"MON$SQL_DIALECT || ' ' || TRIM(RDB$CHARACTER_SET_NAME) FROM MON$DATABASE, RDB$DATABASE"),
             std::vector<std::wstring>{L"16384 12.0 dialect 3 NONE"});
-}
 
-TEST_F(EmptyCatalog, FirstRowsArePresent) {
   EXPECT_THAT(sql.Texts(L"SELECT ID || ': ' || NAME || '|' || TAG || '|' || VAL FROM BASE_PARAM ORDER BY ID"),
               ElementsAre(L"1: VERSION||1"));
   EXPECT_THAT(sql.Texts(L"SELECT PARAMETER_NAME || '|' || PARAMETER_VALUE FROM INFO"), ElementsAre(L"version|11"));
@@ -204,7 +202,7 @@ TEST_F(EmptyCatalog, DictionariesHoldOneRowPerTextAndValuesAreNeverShared) {
   EXPECT_EQ(sql.Int(L"SELECT COUNT(*) FROM CONCRETEVALUE"), 4);
 }
 
-TEST_F(EmptyCatalog, AttributesAndSizeValues) {
+TEST_F(EmptyCatalog, AttributesSizeValuesAndAdditionalFiles) {
   const Tree tree(sql);
   const std::wstring size = std::to_wstring(sql.Int(tree.Size(L"100")));
   const std::wstring call = L"EXECUTE PROCEDURE CREATE_OBJ_ATTR(" + std::to_wstring(tree.templateId);
@@ -224,15 +222,13 @@ TEST_F(EmptyCatalog, AttributesAndSizeValues) {
   sql.Run(L"EXECUTE PROCEDURE CREATE_ATTR_VAL(21, " + size + L", 175, NULL, NULL)");
   EXPECT_THAT(sql.Texts(sizeValues), ElementsAre(L"175"));  // the row is repointed, the old value stays
   EXPECT_EQ(sql.Int(L"SELECT COUNT(*) FROM CONCRETEVALUE"), valuesBefore + 1);
-}
 
-TEST_F(EmptyCatalog, AdditionalFilesAreSharedByDigest) {
-  const Tree tree(sql);
-  const std::wstring call = L"EXECUTE PROCEDURE INSERT_ADDITIONALFILE('паспорт.pdf', 'pdf', x'25504446', '" +
-                            std::wstring(32, L'a') + L"', ";
-  const std::int32_t file = sql.Int(call + std::to_wstring(sql.Int(tree.Size(L"100"))) + L")");
+  // Additional files are shared by digest.
+  const std::wstring addFile = L"EXECUTE PROCEDURE INSERT_ADDITIONALFILE('паспорт.pdf', 'pdf', x'25504446', '" +
+                               std::wstring(32, L'a') + L"', ";
+  const std::int32_t file = sql.Int(addFile + size + L")");
   EXPECT_GT(file, 0);
-  EXPECT_EQ(sql.Int(call + std::to_wstring(sql.Int(tree.Size(L"200"))) + L")"), file);
+  EXPECT_EQ(sql.Int(addFile + std::to_wstring(sql.Int(tree.Size(L"200"))) + L")"), file);
   EXPECT_THAT(sql.Texts(L"SELECT (SELECT COUNT(*) FROM FILES) || ',' || (SELECT COUNT(*) FROM FILE_EXTENSION) || ',' "
                         L"|| (SELECT COUNT(*) FROM STANDARTSIZE_FILE) FROM RDB$DATABASE"),
               ElementsAre(L"1,1,2"));

@@ -72,7 +72,7 @@ TEST_F(IbppTest, ExecuteProcedureAndReturningGiveTheirRowWithoutFetch) {
   EXPECT_THROW(statement.Fetch(), IBPP::Exception);
 }
 
-TEST_F(IbppTest, OnePreparedTextRunsForSeveralKeys) {
+TEST_F(IbppTest, OnePreparedTextRunsForSeveralKeysAndOutlivesACommit) {
   auto statement = NewStatement();
   statement.Prepare("SELECT NAME FROM PROJECTION WHERE ID >= ? ORDER BY ID");
   std::vector<std::size_t> rowsPerKey;
@@ -93,10 +93,8 @@ TEST_F(IbppTest, OnePreparedTextRunsForSeveralKeys) {
   std::size_t rows = 0;
   while (statement.Fetch()) ++rows;
   EXPECT_EQ(rows, 6u);
-}
 
-TEST_F(IbppTest, StatementOutlivesACommitAndRestart) {
-  auto statement = NewStatement();
+  // A prepared statement outlives a commit and a restart.
   statement.Prepare("INSERT INTO ATTRIBUTENAME (NAME) VALUES (?)");
   statement.Set(1, std::string_view("before"));
   statement.Execute();

@@ -53,29 +53,6 @@ std::wstring SizeValue(std::int32_t sizeId, std::int32_t number, std::int32_t ty
 }  // namespace lxtest::shapes
 
 namespace lxtest {
-namespace {
-
-void DumpTable(LxFolderTable* table, const std::wstring& path, std::vector<std::wstring>& lines) {
-  const int32_t columns = table_GetAttributeCount(table);
-  for (int32_t c = 0; c < columns; ++c) {
-    LxAttribute* attribute = table_GetAttribute(table, c);
-    std::wostringstream line;
-    line << path << L" column " << attribute_GetNumber(attribute) << L" '" << attribute_GetName(attribute)
-         << L"' type " << attribute_GetType(attribute) << L" old " << attribute_GetOldNumber(attribute) << L" desc '"
-         << attribute_GetDescription(attribute) << L"' measure '" << attribute_GetMeasure(attribute) << L"' var '"
-         << attribute_GetVarName(attribute) << L"' formula '" << attribute_GetFormula(attribute) << L"'";
-    lines.push_back(line.str());
-  }
-  const int32_t sizes = table_GetStdSizeCount(table);
-  for (int32_t s = 0; s < sizes; ++s) {
-    LxStdSize* size = table_GetStdSize(table, s);
-    std::wstring line = path + L" size '" + stdsize_GetID(size) + L"' type '" + stdsize_GetType(size) + L"'";
-    for (int32_t c = 0; c < columns; ++c) line += L" | " + ValueText(size, table_GetAttribute(table, c));
-    lines.push_back(line);
-  }
-}
-
-}  // namespace
 
 std::wstring ValueText(LxStdSize* size, LxAttribute* attribute) {
   const NumberFormat format{false, 6};
@@ -98,10 +75,28 @@ std::vector<std::wstring> DumpFolder(LxFolder* root) {
     auto [folder, path] = pending.back();
     pending.pop_back();
     lines.push_back(path + (folder_IsVirtual(folder) ? L" virtual" : L" real"));
-    if (LxFolderTable* table = folder_GetTable(folder)) DumpTable(table, path, lines);
     for (int32_t i = 0; i < folder_GetChildFolderCount(folder); ++i) {
       LxFolder* child = folder_GetChildFolder(folder, i);
       pending.emplace_back(child, path + folder_GetName(child) + L"/");
+    }
+    LxFolderTable* table = folder_GetTable(folder);
+    if (table == nullptr) continue;
+    const int32_t columns = table_GetAttributeCount(table);
+    for (int32_t c = 0; c < columns; ++c) {
+      LxAttribute* attribute = table_GetAttribute(table, c);
+      std::wostringstream line;
+      line << path << L" column " << attribute_GetNumber(attribute) << L" '" << attribute_GetName(attribute)
+           << L"' type " << attribute_GetType(attribute) << L" old " << attribute_GetOldNumber(attribute) << L" desc '"
+           << attribute_GetDescription(attribute) << L"' measure '" << attribute_GetMeasure(attribute) << L"' var '"
+           << attribute_GetVarName(attribute) << L"' formula '" << attribute_GetFormula(attribute) << L"'";
+      lines.push_back(line.str());
+    }
+    const int32_t sizes = table_GetStdSizeCount(table);
+    for (int32_t s = 0; s < sizes; ++s) {
+      LxStdSize* size = table_GetStdSize(table, s);
+      std::wstring line = path + L" size '" + stdsize_GetID(size) + L"' type '" + stdsize_GetType(size) + L"'";
+      for (int32_t c = 0; c < columns; ++c) line += L" | " + ValueText(size, table_GetAttribute(table, c));
+      lines.push_back(line);
     }
   }
   std::sort(lines.begin(), lines.end());

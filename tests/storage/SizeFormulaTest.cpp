@@ -33,35 +33,32 @@ class SizeFormula : public lxtest::CatalogFixture {
   }
 };
 
-TEST_F(SizeFormula, ReferenceToAColumnTheTableLacksIsEmptyAndSilent) {
-  LxFolderTable* table = Table({L"М{A77}x{Нет такого}"});
-  auto [text, writes] = Captured([&] { return ValueText(table_FindStdSize(table, L"Б-12"), table_FindAttribute(table, L"Расчёт30")); });
-  EXPECT_EQ(text, L"s:Мx");
-  EXPECT_TRUE(writes.empty());
-}
-
-TEST_F(SizeFormula, CycleEndsWithEmptyAndOneMessage) {
-  LxFolderTable* table = Table({L"{A31}", L"{A30}"});
-  LxStdSize* size = table_FindStdSize(table, L"Б-16");
-  auto [text, writes] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт30")); });
-  EXPECT_EQ(text, L"<none>");
-  EXPECT_EQ(writes, Writes{">LxDataAcces: Зацикливание формулы в Б-16"});
-  // A new read is a new source: the message comes again, once.
-  auto [again, againWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт31")); });
-  EXPECT_EQ(againWrites.size(), 1u);
-}
-
-TEST_F(SizeFormula, MoreThanFiftyReadsGiveEmptyFromTheFiftyFirstOn) {
+// A reference to a column the table lacks is empty and silent. The guard: a
+// cycle ends with empty and one message, and so does a formula that reads
+// more than fifty times, from the fifty-first read on.
+TEST_F(SizeFormula, MissingReferencesCyclesAndOverFiftyReadsGiveEmpty) {
   std::wstring fifty = L"{A21";
   for (int i = 1; i < 50; ++i) fifty += L"+A21";
   const std::wstring fiftyOne = fifty + L"+A21}";
   fifty += L"}";
-  LxFolderTable* table = Table({fifty, fiftyOne});
+  LxFolderTable* table = Table({L"{A31}", L"{A30}", fifty, fiftyOne, L"М{A77}x{Нет такого}"});
   LxStdSize* size = table_FindStdSize(table, L"Б-12");
-  auto [fiftyReads, writes] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт30")); });
+  auto [missing, missingWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт34")); });
+  EXPECT_EQ(missing, L"s:Мx");
+  EXPECT_TRUE(missingWrites.empty());
+
+  auto [text, writes] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт30")); });
+  EXPECT_EQ(text, L"<none>");
+  EXPECT_EQ(writes, Writes{">LxDataAcces: Зацикливание формулы в Б-12"});
+  // A new read is a new source: the message comes again, once.
+  auto [again, againWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт31")); });
+  EXPECT_EQ(againWrites.size(), 1u);
+
+  auto [fiftyReads, fiftyWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт32")); });
   EXPECT_EQ(fiftyReads, L"i:600");
-  EXPECT_TRUE(writes.empty());
-  auto [over, overWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт31")); });
+  EXPECT_TRUE(fiftyWrites.empty());
+  auto [over, overWrites] = Captured([&] { return ValueText(size, table_FindAttribute(table, L"Расчёт33")); });
+  EXPECT_EQ(over, L"<none>");
   EXPECT_EQ(overWrites, Writes{">LxDataAcces: Зацикливание формулы в Б-12"});
 }
 

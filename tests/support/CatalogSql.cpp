@@ -104,25 +104,6 @@ std::vector<unsigned char> SqlScope::Blob(const std::wstring& query) {
 
 void SqlScope::Commit() { CommitGuard(*this).Commit(); }
 
-std::vector<std::string> SqlScope::Schema() {
-  std::vector<std::string> lines;
-  for (const char* sql : kSchemaQueries) {
-    IBPP::Statement statement = NewStatement();
-    statement.Execute(sql);
-    while (statement.Fetch()) {
-      std::string line;
-      for (int column = 1; column <= statement.Columns(); ++column) {
-        std::string text;
-        statement.Get(column, text);
-        line += (column > 1 ? " " : "") + text;
-      }
-      lines.push_back(std::move(line));
-    }
-  }
-  std::sort(lines.begin(), lines.end());
-  return lines;
-}
-
 CatalogSql::CatalogSql(std::wstring server, std::wstring database, std::wstring user, std::wstring password)
     : provider_(std::move(server), std::move(database), std::move(user), std::move(password)) {}
 
@@ -144,6 +125,24 @@ std::int32_t CatalogSql::Int(const std::wstring& sql) {
 
 std::vector<std::wstring> CatalogSql::Texts(const std::wstring& query) { return SqlScope(&provider_).Texts(query); }
 
-std::vector<std::string> CatalogSql::Schema() { return SqlScope(&provider_).Schema(); }
+std::vector<std::string> CatalogSql::Schema() {
+  SqlScope scope(&provider_);
+  std::vector<std::string> lines;
+  for (const char* sql : kSchemaQueries) {
+    IBPP::Statement statement = scope.NewStatement();
+    statement.Execute(sql);
+    while (statement.Fetch()) {
+      std::string line;
+      for (int column = 1; column <= statement.Columns(); ++column) {
+        std::string text;
+        statement.Get(column, text);
+        line += (column > 1 ? " " : "") + text;
+      }
+      lines.push_back(std::move(line));
+    }
+  }
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
 
 }  // namespace lxtest

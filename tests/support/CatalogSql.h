@@ -38,15 +38,6 @@ class SqlScope : public BaseOperation {
   std::vector<unsigned char> Blob(const std::wstring& query);
   // Commits the work so far; the scope goes on in a new transaction.
   void Commit();
-
-  // The catalog's whole schema, one sorted line per fact: a table, a column
-  // with type, nullability and default, a key with its fields, a foreign key
-  // with its rules, a check, an index, a trigger or procedure with its
-  // source, a procedure parameter, a generator, an exception with its
-  // message. Names the engine makes up (NOT NULL constraints, the indexes
-  // behind unnamed keys) are left out; what they stand for is in the column
-  // and key lines. Two catalogs compare with one equality.
-  std::vector<std::string> Schema();
 };
 
 class CatalogSql {
@@ -62,6 +53,13 @@ class CatalogSql {
   // RETURNING or a procedure that writes stays.
   std::int32_t Int(const std::wstring& sql);
   std::vector<std::wstring> Texts(const std::wstring& query);
+  // The catalog's whole schema, one sorted line per fact: a table, a column
+  // with type, nullability and default, a key with its fields, a foreign key
+  // with its rules, a check, an index, a trigger or procedure with its
+  // source, a procedure parameter, a generator, an exception with its
+  // message. Names the engine makes up (NOT NULL constraints, the indexes
+  // behind unnamed keys) are left out; what they stand for is in the column
+  // and key lines. Two catalogs compare with one equality.
   std::vector<std::string> Schema();
 
  private:

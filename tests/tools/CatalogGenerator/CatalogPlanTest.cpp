@@ -20,9 +20,8 @@ TEST(CatalogPlan, TotalsOfASmallTreeWorkedOutByHand) {
   EXPECT_EQ(totals, (CatalogCounts{.packets = 2, .folders = 14, .templates = 2 * 4 * 3, .sizes = 24 * 2,
                                    .templateAttributes = 24 * 6, .values = 48 * 3 + 24 * 1, .sizeValues = 48 * 3}))
       << DescribeCounts(totals);
-}
 
-TEST(CatalogPlan, TemplatesInEveryFolderWhenAsked) {
+  // With templates in every folder when asked.
   CatalogShape shape = SmallTree();
   shape.templatesInLeavesOnly = false;
   const CatalogPlan plan(shape);
@@ -30,7 +29,7 @@ TEST(CatalogPlan, TemplatesInEveryFolderWhenAsked) {
   EXPECT_EQ(plan.Totals().templates, 2 * 7 * 3);
 }
 
-TEST(CatalogPlan, TotalFoldersAreSpreadOverPacketsEarlierFirst) {
+TEST(CatalogPlan, FoldersAndSizesAreSpreadEarlierFirst) {
   CatalogShape shape;
   shape.packets = 3;
   shape.totalFolders = 11;
@@ -43,18 +42,17 @@ TEST(CatalogPlan, TotalFoldersAreSpreadOverPacketsEarlierFirst) {
   // 4 folders with fan-out 3: the root and three leaves; 3 folders: two leaves.
   EXPECT_EQ(plan.TemplateFoldersOf(0), 3);
   EXPECT_EQ(plan.TemplateFoldersOf(2), 2);
-}
 
-TEST(CatalogPlan, SizesPerPacketAreSpreadOverItsTemplates) {
-  CatalogShape shape;
-  shape.templatesPerFolder = 4;
-  shape.sizesPerPacket = 10;
-  const CatalogPlan plan(shape);
-  EXPECT_EQ(plan.SizesOf(0, 0), 3);
-  EXPECT_EQ(plan.SizesOf(0, 1), 3);
-  EXPECT_EQ(plan.SizesOf(0, 2), 2);
-  EXPECT_EQ(plan.SizesOf(0, 3), 2);
-  EXPECT_EQ(plan.Totals().sizes, 10);
+  // Sizes per packet over its templates.
+  CatalogShape sized;
+  sized.templatesPerFolder = 4;
+  sized.sizesPerPacket = 10;
+  const CatalogPlan sizes(sized);
+  EXPECT_EQ(sizes.SizesOf(0, 0), 3);
+  EXPECT_EQ(sizes.SizesOf(0, 1), 3);
+  EXPECT_EQ(sizes.SizesOf(0, 2), 2);
+  EXPECT_EQ(sizes.SizesOf(0, 3), 2);
+  EXPECT_EQ(sizes.Totals().sizes, 10);
 }
 
 TEST(CatalogPlan, GroupsAreRunsOfNeighbours) {
@@ -68,13 +66,9 @@ TEST(CatalogPlan, GroupsAreRunsOfNeighbours) {
   for (std::int32_t index = 0; index < 7; ++index) EXPECT_EQ(plan.GroupOf(index), expected[index]) << index;
   EXPECT_EQ(plan.Totals().splitFolders, 1);
   EXPECT_EQ(plan.Totals().virtualFolders, 3);
-}
-
-TEST(CatalogPlan, AFolderWithFewerTemplatesThanGroupsHasOneGroupEach) {
-  CatalogShape shape;
+  // A folder with fewer templates than groups has one group each.
   shape.templatesPerFolder = 2;
   shape.splitGroups = 5;
-  shape.commonAttributes = 1;
   EXPECT_EQ(CatalogPlan(shape).GroupsPerFolder(), 2);
 }
 
@@ -131,9 +125,9 @@ TEST(CatalogPlan, RefusesShapesThatCantBeGenerated) {
   refused([](CatalogShape& s) { s.splitGroups = 2, s.commonAttributes = 0; });
   refused([](CatalogShape& s) { s.splitGroups = 0; });
   refused([](CatalogShape& s) { s.sizesPerTemplate = -1; });
-}
+  EXPECT_FALSE(ShapeProblem(CatalogShape{}).has_value()) << "the default shape";
 
-TEST(CatalogPlan, RefusesTotalsBeyondThirtyTwoBitIds) {
+  // Nor totals beyond 32-bit ids.
   CatalogShape deep;
   deep.depth = 40;
   deep.fanOut = 10;
@@ -142,11 +136,6 @@ TEST(CatalogPlan, RefusesTotalsBeyondThirtyTwoBitIds) {
   wide.templatesPerFolder = 100000;
   wide.sizesPerTemplate = 100000;
   EXPECT_THROW(CatalogPlan{wide}, std::invalid_argument);
-}
-
-TEST(CatalogPlan, AcceptsTheDefaultShape) {
-  EXPECT_FALSE(ShapeProblem(CatalogShape{}).has_value());
-  EXPECT_EQ(CatalogPlan(CatalogShape{}).Totals().folders, 1);
 }
 
 }  // namespace

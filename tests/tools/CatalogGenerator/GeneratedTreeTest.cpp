@@ -43,9 +43,17 @@ CatalogShape ThreePackets() {
   return shape;
 }
 
-TEST_F(GeneratedTree, TheLibraryShowsThePacketsAndTheirFolders) {
+TEST_F(GeneratedTree, BoundsAreANestedSetTheTriggerComesBackAndTheLibraryShowsTheTrees) {
   ASSERT_NE(provider_, nullptr);
+  ASSERT_TRUE(BoundTriggerActive());
+  ASSERT_TRUE(ForcedWrites());
   Generate(ThreePackets());
+  EXPECT_TRUE(ForcedWrites());
+  EXPECT_TRUE(BoundTriggerActive());
+  EXPECT_EQ(BrokenBounds(), 0);
+  EXPECT_EQ(Sql().Int(L"SELECT MIN(LEFT_BOUND) FROM FOLDER"), 1);
+  EXPECT_EQ(Sql().Int(L"SELECT MAX(RIGHT_BOUND) FROM FOLDER"), 20);
+
   ASSERT_TRUE(Reload());
   ASSERT_EQ(provider_GetPacketCount(provider_), 3);
   const std::vector<std::wstring> stored = Sql().Texts(L"SELECT PACKETID FROM PACKET");
@@ -58,32 +66,13 @@ TEST_F(GeneratedTree, TheLibraryShowsThePacketsAndTheirFolders) {
     ASSERT_NE(root, nullptr);
     EXPECT_STREQ(folder_GetName(root), packet_GetName(packet));
     folderCounts.insert(FoldersBelow(root));
+    // Children have their positions as names.
+    std::set<std::wstring> names;
+    for (std::int32_t c = 0; c < folder_GetChildFolderCount(root); ++c)
+      names.insert(folder_GetName(folder_GetChildFolder(root, c)));
+    EXPECT_EQ(names, (std::set<std::wstring>{L"Папка 1", L"Папка 2"}));
   }
   EXPECT_EQ(folderCounts, (std::multiset<std::int32_t>{3, 3, 4}));
-}
-
-TEST_F(GeneratedTree, ChildrenHaveTheirPositionsAsNames) {
-  CatalogShape shape;
-  shape.depth = 1;
-  shape.fanOut = 3;
-  Generate(shape);
-  ASSERT_TRUE(Reload());
-  LxFolder* root = packet_GetRootFolder(provider_GetPacket(provider_, 0));
-  ASSERT_EQ(folder_GetChildFolderCount(root), 3);
-  std::set<std::wstring> names;
-  for (std::int32_t i = 0; i < 3; ++i) names.insert(folder_GetName(folder_GetChildFolder(root, i)));
-  EXPECT_EQ(names, (std::set<std::wstring>{L"Папка 1", L"Папка 2", L"Папка 3"}));
-}
-
-TEST_F(GeneratedTree, BoundsAreANestedSetAndTheTriggerAndForcedWritesComeBack) {
-  ASSERT_TRUE(BoundTriggerActive());
-  ASSERT_TRUE(ForcedWrites());
-  Generate(ThreePackets());
-  EXPECT_TRUE(ForcedWrites());
-  EXPECT_EQ(BrokenBounds(), 0);
-  EXPECT_EQ(Sql().Int(L"SELECT MIN(LEFT_BOUND) FROM FOLDER"), 1);
-  EXPECT_EQ(Sql().Int(L"SELECT MAX(RIGHT_BOUND) FROM FOLDER"), 20);
-  EXPECT_TRUE(BoundTriggerActive());
 }
 
 TEST_F(GeneratedTree, GeneratorsStandPastEveryGeneratedId) {
@@ -102,6 +91,8 @@ TEST_F(GeneratedTree, GeneratorsStandPastEveryGeneratedId) {
   // rows ids past the generated ones.
 }
 
+// A catalog with rows of its own keeps them, and two generations in one
+// catalog stand side by side.
 TEST_F(GeneratedTree, ACatalogWithRowsOfItsOwnKeepsThem) {
   // Ids written by hand, far above the generators, which stay at 0.
   Sql().Execute({L"INSERT INTO FOLDER (ID, NAME) VALUES (500, 'Свой')",
@@ -111,26 +102,19 @@ TEST_F(GeneratedTree, ACatalogWithRowsOfItsOwnKeepsThem) {
   EXPECT_EQ(Sql().Int(L"SELECT MIN(ID) FROM FOLDER WHERE ID <> 500"), 501);
   EXPECT_EQ(Sql().Int(L"SELECT MIN(ID) FROM PACKET WHERE ID <> 300"), 301);
   EXPECT_EQ(Sql().Int(L"SELECT MIN(ID) FROM CONCRETEVALUE WHERE ID <> 1000"), 1001);
-  EXPECT_EQ(BrokenBounds(), 0);
-  ASSERT_TRUE(Reload());
-  ASSERT_EQ(provider_GetPacketCount(provider_), 4);
-  EXPECT_NE(provider_GetPacketByName(provider_, L"Свой"), nullptr);
-}
-
-TEST_F(GeneratedTree, TwoGenerationsInOneCatalogStandSideBySide) {
-  Generate(ThreePackets());
   CatalogShape more = ThreePackets();
   more.seed = 99;
   Generate(more);
-  EXPECT_EQ(Count(L"PACKET"), 6);
-  EXPECT_EQ(Count(L"FOLDER"), 20);
+  EXPECT_EQ(Count(L"PACKET"), 7);
+  EXPECT_EQ(Count(L"FOLDER"), 21);
   EXPECT_EQ(BrokenBounds(), 0);
   // The dictionaries hold each text once.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT NAME FROM ATTRIBUTENAME GROUP BY NAME HAVING COUNT(*) > 1)"), 0);
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT IDENTIFIER FROM STANDARDSIZE GROUP BY 1 HAVING COUNT(*) > 1)"),
             0);
   ASSERT_TRUE(Reload());
-  EXPECT_EQ(PacketNamesInMemory().size(), 6u);
+  EXPECT_EQ(PacketNamesInMemory().size(), 7u);
+  EXPECT_NE(provider_GetPacketByName(provider_, L"Свой"), nullptr);
 }
 
 TEST_F(GeneratedTree, AFailedGenerationLeavesNothingBehind) {
@@ -147,9 +131,8 @@ TEST_F(GeneratedTree, AFailedGenerationLeavesNothingBehind) {
   EXPECT_TRUE(ForcedWrites());
   ASSERT_TRUE(Reload());
   EXPECT_EQ(provider_GetPacketCount(provider_), 0);
-}
 
-TEST_F(GeneratedTree, ACatalogWithoutObjectTypesIsRefusedBeforeAnyRow) {
+  // A catalog without object types is refused before any row.
   Sql().Execute(L"DELETE FROM OBJECTTYPE");
   EXPECT_THROW(Generate(ThreePackets()), std::runtime_error);
   EXPECT_EQ(Count(L"FOLDER"), 0);

@@ -27,8 +27,14 @@ const std::wstring kRightColumn =
 
 class Generation : public lxtest::GeneratedCatalogFixture {};
 
+// The rows the shape stands for, and the progress told after every template.
 TEST_F(Generation, WritesTheRowsTheShapeStandsFor) {
-  const CatalogCounts written = Generate(SmallTree());
+  std::vector<CatalogCounts> told;
+  const CatalogCounts written = Generate(SmallTree(), [&](const CatalogCounts& so) { told.push_back(so); });
+  ASSERT_EQ(told.size(), 24u);
+  for (std::size_t i = 0; i < told.size(); ++i) EXPECT_EQ(told[i].templates, static_cast<std::int64_t>(i + 1));
+  EXPECT_EQ(told.back().sizes, written.sizes);
+  EXPECT_EQ(told.back().values, written.values);
   // The plan's totals are worked out by hand in CatalogPlanTest.
   CatalogCounts planned = CatalogPlan(SmallTree()).Totals();
   planned.newAttributeNames = planned.newAttributeDescriptions = 6;
@@ -60,23 +66,7 @@ TEST_F(Generation, WritesTheRowsTheShapeStandsFor) {
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM STANDARDSIZE WHERE IDENTIFIER = ''"), 0);
 }
 
-TEST_F(Generation, TellsItsProgressAfterEveryTemplate) {
-  std::vector<CatalogCounts> told;
-  const CatalogCounts written = Generate(SmallTree(), [&](const CatalogCounts& so) { told.push_back(so); });
-  ASSERT_EQ(told.size(), 24u);
-  for (std::size_t i = 0; i < told.size(); ++i) EXPECT_EQ(told[i].templates, static_cast<std::int64_t>(i + 1));
-  EXPECT_EQ(told.back().sizes, written.sizes);
-  EXPECT_EQ(told.back().values, written.values);
-}
-
-TEST_F(Generation, ValuesStandInTheColumnOfTheirType) {
-  Generate(SmallTree());
-  EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE NOT " + kRightColumn), 0);
-  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE OA JOIN CONCRETEVALUE CV ON CV.ID = "
-                      L"OA.CONCRETEVALUEID WHERE NOT " + kRightColumn),
-            0);
-}
-
+// Also: every value, of a size or common, stands in the column of its type.
 TEST_F(Generation, EachSizeHasOneValueForEachPlainAttributeOfItsOwnTemplate) {
   Generate(SmallTree());
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM ATTRIBUTEVALUE AV JOIN STANDARDSIZE S ON S.ID = AV.STANDARDSIZEID "
@@ -90,15 +80,17 @@ TEST_F(Generation, EachSizeHasOneValueForEachPlainAttributeOfItsOwnTemplate) {
             (std::vector<std::wstring>{L"11", L"21", L"22"}));
   // No value row shares a CONCRETEVALUE row with another.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(DISTINCT CONCRETEVALUEID) FROM ATTRIBUTEVALUE"), 144);
-}
+  EXPECT_EQ(Sql().Int(kSizeValues + L"WHERE NOT " + kRightColumn), 0);
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE OA JOIN CONCRETEVALUE CV ON CV.ID = "
+                      L"OA.CONCRETEVALUEID WHERE NOT " + kRightColumn),
+            0);
 
-TEST_F(Generation, CommonValuesAreOnTheTemplateAndEqualWithinAFolder) {
-  Generate(SmallTree());
+  // Common values stand on the template, one distinct value per folder,
+  // since nothing splits.
   EXPECT_EQ(Sql().Texts(L"SELECT DISTINCT CAST(NUMBER AS VARCHAR(6)) FROM OBJECTATTRIBUTE "
                         L"WHERE CONCRETEVALUEID IS NOT NULL"),
             (std::vector<std::wstring>{L"23"}));
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECTATTRIBUTE WHERE CONCRETEVALUEID IS NOT NULL"), 24);
-  // One distinct common value per folder, since nothing splits.
   EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM (SELECT O.FOLDERID FROM OBJECTATTRIBUTE OA JOIN OBJECT O ON O.ID = "
                       L"OA.OBJECTID JOIN CONCRETEVALUE CV ON CV.ID = OA.CONCRETEVALUEID GROUP BY O.FOLDERID "
                       L"HAVING COUNT(DISTINCT CV.STRVAL) = 1)"),

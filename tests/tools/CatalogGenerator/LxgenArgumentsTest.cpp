@@ -29,10 +29,7 @@ TEST(LxgenArguments, ReadsTheShapeAndTheCatalog) {
                                                .sizesPerPacket = 20000, .attributes = 20, .commonAttributes = 2,
                                                .formulaAttributes = 2, .idSpecification = false, .splitGroups = 2,
                                                .splitBy = SplitBy::AttributeSets}));
-}
-
-TEST(LxgenArguments, ConnectionDefaultsToEmbeddedSysdba) {
-  const LxgenArguments arguments = Parsed({"a.fdb"});
+  // The connection: embedded as SYSDBA unless named.
   EXPECT_EQ(arguments.server, "");
   EXPECT_EQ(arguments.user, "SYSDBA");
   const LxgenArguments remote = Parsed({"--server", "127.0.0.1/3051", "--user", "U", "--password", "p", "a.fdb"});

@@ -33,7 +33,7 @@ std::vector<std::string> BoundsText(const std::vector<NestedBounds>& bounds) {
   return texts;
 }
 
-TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirstAndLeavesHaveNoChildren) {
+TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirstLeavesHaveNoChildrenAndARootIsNeeded) {
   const PacketFolderTree tree(7, 2);
   std::vector<std::int32_t> parents;
   for (std::int32_t folder = 0; folder < 7; ++folder) parents.push_back(tree.Parent(folder));
@@ -44,6 +44,10 @@ TEST(PacketFolderTree, ParentsFillTheTreeBreadthFirstAndLeavesHaveNoChildren) {
   for (std::int32_t folder = 0; folder < 6; ++folder) leaves.push_back(uneven.IsLeaf(folder));
   EXPECT_EQ(leaves, (std::vector<bool>{false, false, false, true, true, true}));
   EXPECT_TRUE(PacketFolderTree(1, 3).IsLeaf(0));
+
+  // No tree without a root or a fan-out.
+  EXPECT_THROW(PacketFolderTree(0, 2), std::invalid_argument);
+  EXPECT_THROW(PacketFolderTree(3, 0), std::invalid_argument);
 }
 
 TEST(PacketFolderTree, BoundsMatchARecursiveNumberingForManyShapes) {
@@ -61,11 +65,6 @@ TEST(PacketFolderTree, AChainOfTwentyThousandNeedsNoRecursion) {
   EXPECT_EQ(bounds.front().right, 40000);
   EXPECT_EQ(bounds.back().left, 20000);
   EXPECT_EQ(bounds.back().right, 20001);
-}
-
-TEST(PacketFolderTree, RefusesATreeWithoutRootOrFanOut) {
-  EXPECT_THROW(PacketFolderTree(0, 2), std::invalid_argument);
-  EXPECT_THROW(PacketFolderTree(3, 0), std::invalid_argument);
 }
 
 }  // namespace

@@ -103,12 +103,22 @@ TEST(ToolModuleCheck, AReadableModuleIsConfirmedAndNotTouchedAnythingElseFails) 
 
 // ---- --rebuild and --update-ods
 
+// Not while another process holds the catalog: then it fails and leaves
+// the file alone.
 TEST(ToolRebuild, WritesANewFileWithTheSameContentModeAndState) {
   EmbeddedCatalog catalog;
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Воздуховоды')");
   std::filesystem::permissions(catalog.File(), std::filesystem::perms(0640));
   const ino_t before = Inode(catalog.File());
   const std::vector<std::string> schema = catalog.Sql().Schema();
+  {
+    IBPP::Database holder("", catalog.File().string(), "SYSDBA", "", "", "", "");
+    holder.Connect();
+    ExpectOneLineFailure(Tool({"--rebuild", Backslashed(catalog.File())}));
+    holder.Disconnect();
+  }
+  EXPECT_EQ(Inode(catalog.File()), before);
+  EXPECT_EQ(FolderContents(catalog.Folder()), std::vector<std::string>{"catalog.fdb"});
 
   ExpectSuccess(Tool({"--rebuild", Backslashed(catalog.File())}));
   EXPECT_NE(Inode(catalog.File()), before);
@@ -117,35 +127,6 @@ TEST(ToolRebuild, WritesANewFileWithTheSameContentModeAndState) {
   EXPECT_EQ(catalog.Sql().Schema(), schema);
   EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_PROJECTION_ID, 0) FROM RDB$DATABASE"), 6);
   EXPECT_EQ(FolderContents(catalog.Folder()), std::vector<std::string>{"catalog.fdb"});
-}
-
-TEST(ToolRebuild, ADatabaseOpenInAnotherProcessFailsAndIsLeftAlone) {
-  EmbeddedCatalog catalog;
-  catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Открыт')");
-  const ino_t before = Inode(catalog.File());
-  {
-    IBPP::Database holder("", catalog.File().string(), "SYSDBA", "", "", "", "");
-    holder.Connect();
-    ExpectOneLineFailure(Tool({"--rebuild", Backslashed(catalog.File())}));
-    holder.Disconnect();
-  }
-  EXPECT_EQ(Inode(catalog.File()), before);
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM FOLDER WHERE NAME = 'Открыт'"), 1);
-  EXPECT_EQ(FolderContents(catalog.Folder()), std::vector<std::string>{"catalog.fdb"});
-}
-
-// ---- --set-database-readonly
-
-TEST(ToolAccessMode, SetsAndClearsTheReadOnlyStateUnderAnyPath) {
-  EmbeddedCatalog catalog("Каталоги с пробелом");
-  ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "true"}));
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 1);
-  EXPECT_THROW(catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('нельзя')"), IBPP::Exception);
-
-  ExpectSuccess(Tool({"--set-database-readonly", catalog.File().string(), "false"}));
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 0);
-  catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('можно')");
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT COUNT(*) FROM FOLDER"), 1);
 }
 
 // ---- --update-schema
@@ -195,6 +176,9 @@ TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   EmbeddedCatalog catalog;
   const std::vector<std::string> schema = catalog.Sql().Schema();
   catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('Старый каталог')");
+  // Emptied tables get their first rows back; generators only rise.
+  catalog.Sql().Execute({L"DELETE FROM OBJECTTYPE", L"UPDATE BASE_PARAM SET VAL = '7' WHERE NAME = 'VERSION'",
+                         L"SET GENERATOR GEN_PROJECTION_ID TO 100", L"SET GENERATOR GEN_REPRESENTATION_ID TO 0"});
   // DDL takes effect at commit; each statement on its own keeps the drops
   // from depending on one another inside one transaction.
   for (const std::wstring& statement : kOlderCatalog) catalog.Sql().Execute(statement);
@@ -212,6 +196,11 @@ TEST(ToolSchemaUpdate, AnOlderCatalogGetsEverythingItLacksAndKeepsItsRows) {
   catalog.Sql().Execute(L"INSERT INTO TEMPLATE (NAME) VALUES ('Шаблон')");
   EXPECT_EQ(catalog.Sql().Int(L"SELECT ID FROM TEMPLATE"), 1);
   EXPECT_THROW(catalog.Sql().Execute(L"DELETE FROM PROJECTION WHERE ID = 1"), IBPP::Exception);
+  EXPECT_EQ(catalog.Sql().Texts(L"SELECT SVAL FROM OBJECTTYPE ORDER BY ID"),
+            (std::vector<std::wstring>{L"SEGMENT", L"VENTBOX", L"ELEMENT"}));
+  EXPECT_EQ(catalog.Sql().Texts(L"SELECT VAL FROM BASE_PARAM"), std::vector<std::wstring>{L"7"});
+  EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_PROJECTION_ID, 0) FROM RDB$DATABASE"), 100);
+  EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_REPRESENTATION_ID, 0) FROM RDB$DATABASE"), 4);
 }
 
 TEST(ToolSchemaUpdate, OneFailingChangeLeavesTheCatalogAsItWas) {
@@ -230,28 +219,19 @@ TEST(ToolSchemaUpdate, OneFailingChangeLeavesTheCatalogAsItWas) {
   EXPECT_EQ(catalog.Sql().Schema(), before);
 }
 
-TEST(ToolSchemaUpdate, EmptyTablesGetTheirFirstRowsAndGeneratorsOnlyRise) {
-  EmbeddedCatalog catalog;
-  catalog.Sql().Execute({L"DELETE FROM OBJECTTYPE", L"UPDATE BASE_PARAM SET VAL = '7' WHERE NAME = 'VERSION'",
-                         L"SET GENERATOR GEN_PROJECTION_ID TO 100", L"SET GENERATOR GEN_REPRESENTATION_ID TO 0"});
-  ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
-  EXPECT_EQ(catalog.Sql().Texts(L"SELECT SVAL FROM OBJECTTYPE ORDER BY ID"),
-            (std::vector<std::wstring>{L"SEGMENT", L"VENTBOX", L"ELEMENT"}));
-  EXPECT_EQ(catalog.Sql().Texts(L"SELECT VAL FROM BASE_PARAM"), std::vector<std::wstring>{L"7"});
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_PROJECTION_ID, 0) FROM RDB$DATABASE"), 100);
-  EXPECT_EQ(catalog.Sql().Int(L"SELECT GEN_ID(GEN_REPRESENTATION_ID, 0) FROM RDB$DATABASE"), 4);
-}
-
-// On a read-only catalog a rebuild keeps the state, and a schema update
-// that finds nothing to do needs no write; one that has work fails.
+// --set-database-readonly sets and clears the state under any path; on a
+// read-only catalog a rebuild keeps the state, and a schema update that
+// finds nothing to do needs no write; one that has work fails.
 TEST(ToolOnAReadOnlyCatalog, RebuildKeepsTheStateAndOnlyANeededUpdateFails) {
-  EmbeddedCatalog catalog;
+  EmbeddedCatalog catalog("Каталоги с пробелом");
   ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "true"}));
+  EXPECT_THROW(catalog.Sql().Execute(L"INSERT INTO FOLDER (NAME) VALUES ('нельзя')"), IBPP::Exception);
   ExpectSuccess(Tool({"--rebuild", Backslashed(catalog.File())}));
   EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 1);
   ExpectSuccess(Tool({"--update-schema", Backslashed(catalog.File())}));
 
-  ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "false"}));
+  ExpectSuccess(Tool({"--set-database-readonly", catalog.File().string(), "false"}));
+  EXPECT_EQ(catalog.Sql().Int(L"SELECT MON$READ_ONLY FROM MON$DATABASE"), 0);
   catalog.Sql().Execute(L"ALTER TABLE MODEL DROP ORIENTATION");
   ExpectSuccess(Tool({"--set-database-readonly", Backslashed(catalog.File()), "true"}));
   ExpectOneLineFailure(Tool({"--update-schema", Backslashed(catalog.File())}));
