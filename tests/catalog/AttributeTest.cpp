@@ -51,7 +51,7 @@ class Attributes : public TableFixture {
   std::int32_t nuts_ = 0;
 };
 
-TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
+TEST_F(Attributes, UnchangedValuesTouchNoDatabaseNullsAreRefused) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_EQ(WithoutDatabase([&] {
               return attribute_SetName(length, L"Длина") && attribute_SetDescription(length, L"Длина болта") &&
@@ -61,10 +61,7 @@ TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
             }),
             Quietly(true));
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
-}
-
-TEST_F(Attributes, NullTextsFailWithoutAMessageAndNullColumnsAreNamed) {
-  LxAttribute* length = Column(L"Длина");
+  // Null texts fail without a message, null columns are named.
   EXPECT_FAILS(attribute_SetName(length, nullptr) || attribute_SetDescription(length, nullptr) ||
                attribute_SetMeasure(length, nullptr) || attribute_SetVarName(length, nullptr) ||
                attribute_SetFormula(length, nullptr));
@@ -130,7 +127,7 @@ TEST_F(Attributes, SetNumberRefusesATakenNumberAndRenumbersEveryTemplate) {
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Марка", L"Марка"}));
 }
 
-TEST_F(Attributes, SetOldNumberMayEqualTheNumber) {
+TEST_F(Attributes, SetOldNumberMayEqualTheNumberAndSetMeasureTakesAnyText) {
   LxAttribute* length = Column(L"Длина");
   ASSERT_TRUE(attribute_SetOldNumber(length, 21));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.OLD_NUMBER"), (Texts{L"21", L"21"}));
@@ -138,10 +135,7 @@ TEST_F(Attributes, SetOldNumberMayEqualTheNumber) {
   EXPECT_EQ(Records(21, [](const TemplateAttribute& r) { return std::to_wstring(r.oldNumber); }),
             (Texts{L"21", L"21"}));
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
-}
-
-TEST_F(Attributes, SetMeasureTakesAnyTextIncludingNone) {
-  LxAttribute* length = Column(L"Длина");
+  // Any measure is taken, none included.
   ASSERT_TRUE(attribute_SetMeasure(length, L"см"));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.MEASURE"), (Texts{L"см", L"см"}));
   EXPECT_EQ(Stored(nuts_, 21, L"oa.MEASURE"), Texts{L"мм"});
@@ -183,9 +177,7 @@ TEST_F(Attributes, SetTypeRefusesTypeZeroAndStoredValuesUnlessCalculated) {
   ASSERT_TRUE(attribute_SetType(length, 3));
   EXPECT_EQ(attribute_GetType(length), 3);
   EXPECT_EQ(Stored(folderId_, 21, L"oa.ATTRTYPE"), (Texts{L"3", L"3"}));
-}
-
-TEST_F(Attributes, SetTypeNeedsEmptyRecordsAndNoOwnValues) {
+  // A column of type 0 needs empty records and no own values.
   LxAttribute* blank = Column(L"Пустой");
   LxStdSize* s1 = Size(L"S1");
   ASSERT_TRUE(stdsize_SetValueI(s1, blank, 3));
@@ -222,6 +214,14 @@ TEST_F(Attributes, SetFormulaWritesEveryTemplateAndTheReadFollowsIt) {
   ASSERT_TRUE(attribute_SetFormula(length, L"{A22+1}"));
   EXPECT_FALSE(attribute_CanEditForumalaValue(length));
   EXPECT_EQ(Shown(Size(L"S1"), length), L"d:2.25");
+  // An empty formula makes the column plain again.
+  ASSERT_TRUE(attribute_SetFormula(length, L""));
+  EXPECT_STREQ(attribute_GetFormula(length), L"");
+  EXPECT_TRUE(attribute_CanEditForumalaValue(length));
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"", L""}));
+  EXPECT_EQ(Shown(Size(L"S1"), length), L"i:15");
+  EXPECT_TRUE(stdsize_SetValueI(Size(L"S2"), length, 4));
+  EXPECT_EQ(Shown(Size(L"S2"), length), L"i:4");
 }
 
 TEST_F(Attributes, AFormulaThatDoesNotParseChangesNothing) {
@@ -234,19 +234,6 @@ TEST_F(Attributes, AFormulaThatDoesNotParseChangesNothing) {
   EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"{A5}", L"{A5}"}));
   EXPECT_EQ(Records(21, [](const TemplateAttribute& r) { return r.formula; }), (Texts{L"{A5}", L"{A5}"}));
   EXPECT_EQ(Shown(Size(L"S1"), length), L"-");  // the table has no A5
-}
-
-TEST_F(Attributes, AnEmptyFormulaMakesTheColumnPlainAgain) {
-  LxAttribute* length = Column(L"Длина");
-  ASSERT_TRUE(attribute_SetFormula(length, L"{A22+1}"));
-  ASSERT_FALSE(attribute_CanEditForumalaValue(length));
-  ASSERT_TRUE(attribute_SetFormula(length, L""));
-  EXPECT_STREQ(attribute_GetFormula(length), L"");
-  EXPECT_TRUE(attribute_CanEditForumalaValue(length));
-  EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"", L""}));
-  EXPECT_EQ(Shown(Size(L"S1"), length), L"i:15");
-  EXPECT_TRUE(stdsize_SetValueI(Size(L"S2"), length, 4));
-  EXPECT_EQ(Shown(Size(L"S2"), length), L"i:4");
 }
 
 }  // namespace

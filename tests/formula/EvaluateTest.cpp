@@ -209,7 +209,7 @@ struct FormatCase {
   Value expected;
 };
 
-TEST(EvaluationFormat, JoinedTextUsesTheCallersFormat) {
+TEST(EvaluationFormat, JoinedTextAndTheDataSourceGetTheCallersFormat) {
   const FormatCase cases[] = {
       {L"x{A14}", NumberFormat{false, 0}, Value{L"x7"}}, {L"x{A4}", NumberFormat{true, 2}, Value{L"x2"}},
       {L"x{A5}", NumberFormat{false, 4}, Value{L"x2,5000"}},
@@ -223,9 +223,7 @@ TEST(EvaluationFormat, JoinedTextUsesTheCallersFormat) {
     Value result;
     EXPECT_TRUE(SameValue(ParseTextFormula(c.text)->Evaluate(result, source, c.format), c.expected));
   }
-}
-
-TEST(EvaluationFormat, ReachesTheDataSource) {
+  // The format reaches the data source too.
   FakeFormulaSource source = MakeCatalogSource();
   const NumberFormat format{true, 5};
   Value result;
@@ -294,10 +292,6 @@ TEST(RoundHalfAway, HalvesGoAwayFromZero) {
   EXPECT_TRUE(std::isnan(RoundHalfAway(std::nan(""), 2)));
 }
 
-}  // namespace
-
-namespace {
-
 // A chain "{1+1+...+1}" of `terms` ones nests one level per operator.
 std::wstring ChainOfOnes(int terms) {
   std::wstring text = L"{1";
@@ -305,16 +299,12 @@ std::wstring ChainOfOnes(int terms) {
   return text + L"}";
 }
 
-TEST(NestingLimit, DeepButReasonableFormulasStillWork) {
+TEST(NestingLimit, DeepFormulasWorkButTextsThatWouldExhaustTheStackAreRefused) {
   FakeFormulaSource source;
   Value result;
-  FormulaPtr tree = ParseTextFormula(ChainOfOnes(900));
-  tree->Evaluate(result, source, kDefaultNumberFormat);
+  ParseTextFormula(ChainOfOnes(900))->Evaluate(result, source, kDefaultNumberFormat);
   ASSERT_TRUE(IsInteger(result));
   EXPECT_EQ(std::get<int32_t>(result), 900);
-}
-
-TEST(NestingLimit, TextsThatWouldExhaustTheStackAreRefused) {
   for (const std::wstring& text : {ChainOfOnes(5000), L"{" + std::wstring(4000, L'-') + L"1}",
                                    L"{R(" + std::wstring(4000, L'-') + L"1,1)}"}) {
     try {
