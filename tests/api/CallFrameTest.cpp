@@ -72,7 +72,7 @@ TEST(CallFrame, OnlyADatabaseExceptionGivesItsTextBehindTheFunctionName) {
   EXPECT_FAILS(CallFrame("test_Int").Call([]() -> void* { throw 42; }), " (fun: test_Int) Неизвестное исключение");
 }
 
-TEST(CallFrame, EachCallAndEachNestedFrameStartsWithAnEmptyList) {
+TEST(CallFrame, NextCallStartsWithAnEmptyList) {
   Captured([] { return CallFrame("test_Fail").Call([] { Report(L"old", "CTest::_Old"); return false; }); });
   EXPECT_FALSE(Pending().Empty()) << "the list keeps its content until the next call";
   EXPECT_EQ(Captured([] { return CallFrame("test_Quiet").Call([] { return true; }); }), Quietly(true));

@@ -51,7 +51,7 @@ class Attributes : public TableFixture {
   std::int32_t nuts_ = 0;
 };
 
-TEST_F(Attributes, UnchangedValuesTouchNoDatabaseNullsAreRefused) {
+TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_EQ(WithoutDatabase([&] {
               return attribute_SetName(length, L"Длина") && attribute_SetDescription(length, L"Длина болта") &&
@@ -61,7 +61,10 @@ TEST_F(Attributes, UnchangedValuesTouchNoDatabaseNullsAreRefused) {
             }),
             Quietly(true));
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
-  // Null texts fail without a message, null columns are named.
+}
+
+TEST_F(Attributes, NullTextsFailWithoutAMessageAndNullColumnsAreNamed) {
+  LxAttribute* length = Column(L"Длина");
   EXPECT_FAILS(attribute_SetName(length, nullptr) || attribute_SetDescription(length, nullptr) ||
                attribute_SetMeasure(length, nullptr) || attribute_SetVarName(length, nullptr) ||
                attribute_SetFormula(length, nullptr));
@@ -127,7 +130,7 @@ TEST_F(Attributes, SetNumberRefusesATakenNumberAndRenumbersEveryTemplate) {
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Марка", L"Марка"}));
 }
 
-TEST_F(Attributes, SetOldNumberMayEqualTheNumberAndSetMeasureTakesAnyText) {
+TEST_F(Attributes, SetOldNumberMeasureAndVarNameWriteEveryTemplate) {
   LxAttribute* length = Column(L"Длина");
   ASSERT_TRUE(attribute_SetOldNumber(length, 21));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.OLD_NUMBER"), (Texts{L"21", L"21"}));
@@ -146,9 +149,7 @@ TEST_F(Attributes, SetOldNumberMayEqualTheNumberAndSetMeasureTakesAnyText) {
   EXPECT_EQ(Stored(folderId_, 21, L"oa.MEASURE"), (Texts{L"", L""}));
   EXPECT_STREQ(attribute_GetMeasure(length), L"");
   EXPECT_STREQ(attribute_GetMeasure(Column(L"Шаг")), L"см");
-}
-
-TEST_F(Attributes, SetVarNameRefusesATakenNameButNotAnEmptyOne) {
+  // A taken variable name is refused, an empty one is not.
   EXPECT_FAILS(attribute_SetVarName(Column(L"Марка"), L"L"),
                "Не смогли задать атрибуту 'Марка' имя переменной 'L', т.к. уже есть атрибут с "
                "таким именем переменной [CAttribute::_SetVarName]");

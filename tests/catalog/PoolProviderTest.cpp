@@ -28,8 +28,8 @@ TEST_F(PoolProviders, SameDatabaseInAnySpellingOrPasswordGivesTheFirstProviderBu
   // Finding is exact: the other spellings are not found.
   EXPECT_EQ(pool_FindProvider(pool_, connection_.server.c_str(), backslashed.c_str(), connection_.user.c_str()), nullptr);
   EXPECT_EQ(pool_FindProvider(pool_, connection_.server.c_str(), database_.c_str(), connection_.user.c_str()), provider_);
-  // Another user is another provider of the same database. Firebird folds unquoted user names, so this is the same account under a
-  // user text that differs.
+  // Another user is another provider of the same database. Firebird folds
+  // unquoted user names, so this is the same account under another text.
   std::wstring user = connection_.user;
   std::transform(user.begin(), user.end(), user.begin(), [](wchar_t ch) { return std::towlower(ch); });
   ASSERT_NE(user, connection_.user);

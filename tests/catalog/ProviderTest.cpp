@@ -81,17 +81,15 @@ TEST_F(Provider, DeleteUnusedModelsAndFragmentsKeepsWhatIsUsed) {
   EXPECT_EQ(Count(L"FRAGMENT"), 0);
 }
 
-TEST_F(Provider, DeletePacketIsNotAvailableAndChangesNothing) {
+TEST_F(Provider, DeletePacketIsNotAvailableAndBadArgumentsReportThemselves) {
   LxPacket* packet = provider_AddPacket(provider_, L"Вечный");
   ASSERT_NE(packet, nullptr);
   EXPECT_FAILS(provider_DeletePacket(provider_, packet), " (fun: provider_DeletePacket) Неизвестное исключение");
   EXPECT_EQ(provider_GetPacketCount(provider_), 1);
   EXPECT_EQ(Count(L"PACKET"), 1);
-}
-
-TEST_F(Provider, ABadPacketIndexOrNullHandleReportsItself) {
+  // A bad index or a null handle reports itself.
   EXPECT_FAILS(provider_GetPacket(provider_, -1),
-               "Индекс -1 выходит за пределы диапазона [0, 0) [CDataProvider::_GetPacket]");
+               "Индекс -1 выходит за пределы диапазона [0, 1) [CDataProvider::_GetPacket]");
   EXPECT_FAILS(provider_GetPacketCount(nullptr),
                "Передан нулевой указатель на объект dataProvider (fun: provider_GetPacketCount)");
   EXPECT_FAILS(provider_ClearPacketCache(provider_, nullptr),

@@ -15,7 +15,7 @@ namespace {
 
 class TableColumns : public TableFixture {};
 
-TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21AndMakesTheAddTemplateIndexesOutsideFail) {
+TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21AndMakesTheAddTemplate) {
   LxAttribute* first = table_AddAttribute(table_, L"Длина", L"Длина болта", 1);
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(attribute_GetNumber(first), 21);
@@ -39,6 +39,7 @@ TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21AndMakesTheAddTemplateIn
                         std::to_wstring(folderId_)),
             Texts{L"_AddTemplate|1|4|null|" + std::to_wstring(packetId_)});
   EXPECT_EQ(table_GetStdSizeCount(table_), 0);
+  // Indexes outside the columns report the range.
   for (int32_t index : {2, -1}) {
     EXPECT_FAILS(
         table_GetAttribute(table_, index),
@@ -65,7 +66,7 @@ TEST_F(TableColumns, NumbersFollowTheLargestNumberAbove20) {
   EXPECT_EQ(Stored(folderId_, 31, L"an.NAME"), Texts{L"Ещё"});
 }
 
-TEST_F(TableColumns, TypeZeroAndNullTextsAreRefusedButATypeAbove3IsStoredAsGiven) {
+TEST_F(TableColumns, TypeZeroAndNullTextsAreRefusedBeforeAnyTemplateIsMade) {
   EXPECT_FAILS(table_AddAttribute(table_, L"Длина", L"Длина болта", 0),
                "Для атрибута задается неверный тип [CFolderTable::_AddAttribute]");
   EXPECT_FAILS(table_AddAttribute(table_, nullptr, L"d", 1));
@@ -73,7 +74,8 @@ TEST_F(TableColumns, TypeZeroAndNullTextsAreRefusedButATypeAbove3IsStoredAsGiven
   EXPECT_EQ(Count(L"OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
   EXPECT_EQ(table_GetAttributeCount(table_), 0);
-  // A type above 3 is stored as given and has no kind in memory.
+  // A type above 3 is not refused: it is stored as given and has no kind in
+  // memory.
   LxAttribute* odd = table_AddAttribute(table_, L"Странный", L"Тип четыре", 4);
   ASSERT_NE(odd, nullptr);
   EXPECT_EQ(attribute_GetType(odd), 0);

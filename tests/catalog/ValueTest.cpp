@@ -66,16 +66,19 @@ TEST_F(Values, ACommonValueIsReadByEverySizeOfTheTemplate) {
   EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:10", L"i:10", L"i:10"}));
   EXPECT_EQ(ShownByAll(L"Вес"), (Texts{L"d:2.5", L"d:2.5", L"d:2.5"}));
   EXPECT_EQ(ShownByAll(L"Марка"), (Texts{L"s:Ст3", L"s:Ст3", L"s:Ст3"}));
-  // The view of a string points at the text the template stores.
+  // Reads need no database.
+  EXPECT_EQ(WithoutDatabase([&] { return Shown(s3_, Column(L"Длина")); }), Quietly(std::wstring(L"i:10")));
+}
+
+TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
   ValueView first{};
   ValueView second{};
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &first));
   ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &second));
+  EXPECT_EQ(Described(first), L"s:Ст3");
   EXPECT_EQ(first.length, 3u);
   EXPECT_EQ(first.payload.text, second.payload.text);
   EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
-  // Reads need no database.
-  EXPECT_EQ(WithoutDatabase([&] { return Shown(s3_, Column(L"Длина")); }), Quietly(std::wstring(L"i:10")));
 }
 
 TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {

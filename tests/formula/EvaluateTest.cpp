@@ -258,9 +258,7 @@ TEST(WriteThrough, OnlyAReferenceByNumberPassesAWriteOn) {
   EXPECT_FALSE(condition->CanEditValue());
   EXPECT_FALSE(condition->SetValue(source, Value{1}));
   EXPECT_TRUE(source.Writes().empty());
-}
-
-TEST(WriteThrough, WritesTheValueToTheReferredNumberAndReportsTheSourcesAnswer) {
+  // The write goes to the referred number; the source's answer is the result.
   FormulaPtr alias = ParseTextFormula(L"{A21}");
   for (const bool accepts : {true, false}) {
     FakeFormulaSource source = MakeCatalogSource();
