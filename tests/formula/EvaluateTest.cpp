@@ -194,9 +194,7 @@ TEST(EvaluationOrder, ReadsWhatEachNodeNeedsInOrder) {
     Parse(c.entry, c.text)->Evaluate(result, source, kDefaultNumberFormat);
     EXPECT_EQ(source.Reads(), c.reads);
   }
-}
-
-TEST(EvaluationOrder, RoundEvaluatesEveryArgumentBeforeRefusingTheCount) {
+  // Round evaluates every argument before it refuses their count.
   FakeFormulaSource source = MakeCatalogSource();
   Value result;
   EXPECT_THROW(ParseTextFormula(L"{R(A1,A2,A3)}")->Evaluate(result, source, kDefaultNumberFormat), FormulaError);
