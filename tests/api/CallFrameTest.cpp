@@ -23,11 +23,11 @@ namespace {
 int sentinel = 0;
 const void* const kSomeHandle = &sentinel;
 
-TEST(CallFrame, TwoReportsBecomeOneWriteWithIndentation) {
+TEST(CallFrame, ReportsBecomeOneWriteIndentedPerMessageNotPerLine) {
   auto [result, writes] = Captured([] {
     return CallFrame("test_Two").Call([] {
       Report(L"первое", "CTest::_First");
-      Report(L"второе", "CTest::_Second");
+      Report(L"второе\nбез отступа", "CTest::_Second");
       Report(L"третье", "CTest::_Third");
       return 5;
     });
@@ -35,22 +35,18 @@ TEST(CallFrame, TwoReportsBecomeOneWriteWithIndentation) {
   EXPECT_EQ(result, 5);
   ASSERT_EQ(writes.size(), 1u);
   EXPECT_EQ(writes[0], ">LxDataAcces: первое [CTest::_First]\n"
-                       ">   второе [CTest::_Second]\n"
+                       ">   второе\nбез отступа [CTest::_Second]\n"
                        ">   >   третье [CTest::_Third]\n");
 }
 
-TEST(CallFrame, BodyRunsOnlyWhenEveryHandleIsPresent) {
+TEST(CallFrame, BodyRunsOnlyWhenEveryHandleAndStringIsPresent) {
   int calls = 0;
   auto body = [&] { return ++calls; };
   EXPECT_FAILS(CallFrame("test_Handles").Handle(nullptr, "one").Handle(kSomeHandle, "two").Call(body),
                "Передан нулевой указатель на объект one (fun: test_Handles)");
   EXPECT_FAILS(CallFrame("test_Handles").Handle(kSomeHandle, "one").Handle(nullptr, "two").Call(body),
                "Передан нулевой указатель на объект two (fun: test_Handles)");
-  EXPECT_EQ(calls, 0);
-}
-
-TEST(CallFrame, NullStringFailsSilentlyAfterTheHandles) {
-  int calls = 0;
+  // A null string fails silently, after the handles.
   const wchar_t* text = L"text";
   const wchar_t* const none = nullptr;
   EXPECT_FAILS(
@@ -61,16 +57,14 @@ TEST(CallFrame, NullStringFailsSilentlyAfterTheHandles) {
                "Передан нулевой указатель на объект h (fun: test_Strings)");
 }
 
-TEST(CallFrame, DatabaseExceptionGivesItsTextBehindTheFunctionName) {
+TEST(CallFrame, OnlyADatabaseExceptionGivesItsTextBehindTheFunctionName) {
   auto body = []() -> const wchar_t* {
     Report(L"до сбоя", "CTest::_Before");
     throw IBPP::Exception("connection refused\nsecond line");
   };
   EXPECT_FAILS(CallFrame("test_Database").Call(body), "до сбоя [CTest::_Before]",
                " (fun: test_Database)\nconnection refused\nsecond line");
-}
-
-TEST(CallFrame, AnyOtherExceptionIsUnknownAndItsTextUnread) {
+  // Any other exception is unknown and its text unread.
   EXPECT_FAILS(CallFrame("test_Runtime").Call([]() -> bool { throw std::runtime_error("must not appear"); }),
                " (fun: test_Runtime) Неизвестное исключение");
   EXPECT_FAILS(CallFrame("test_Memory").Call([]() -> int { throw std::bad_alloc(); }),
@@ -83,6 +77,15 @@ TEST(CallFrame, NextCallStartsWithAnEmptyList) {
   EXPECT_FALSE(Pending().Empty()) << "the list keeps its content until the next call";
   EXPECT_EQ(Captured([] { return CallFrame("test_Quiet").Call([] { return true; }); }), Quietly(true));
   EXPECT_TRUE(Pending().Empty());
+  // A nested frame on the same thread does not deadlock; it empties the list
+  // at its start, so the outer report is gone.
+  EXPECT_EQ(Captured([] {
+              return CallFrame("test_Outer").Call([] {
+                Report(L"outer", "CTest::_Outer");
+                return CallFrame("test_Inner").Call([] { return 3; });
+              });
+            }),
+            Quietly(3));
 }
 
 TEST(CallFrame, QuietSuccessAllocatesNothing) {
@@ -93,17 +96,6 @@ TEST(CallFrame, QuietSuccessAllocatesNothing) {
   const long allocations = lxtest::AllocationCount() - before;
   EXPECT_EQ(result, 7);
   EXPECT_EQ(allocations, 0);
-}
-
-TEST(CallFrame, NestedFramesOnOneThreadDoNotDeadlock) {
-  // The inner frame empties the list at its start: the outer report is gone.
-  EXPECT_EQ(Captured([] {
-              return CallFrame("test_Outer").Call([] {
-                Report(L"outer", "CTest::_Outer");
-                return CallFrame("test_Inner").Call([] { return 3; });
-              });
-            }),
-            Quietly(3));
 }
 
 TEST(CallFrame, ProgressRecordIsKeptWithoutTheFrameLock) {

@@ -18,9 +18,8 @@ class Pool : public ::testing::Test {
   LxProviderPool* pool_ = nullptr;
 };
 
-TEST_F(Pool, NewPoolIsEmptyAndSilent) { EXPECT_FAILS(pool_GetProviderCount(pool_)); }
-
-TEST_F(Pool, IndexOutOfRangeNamesTheGivenIndexAndTheCount) {
+TEST_F(Pool, ANewPoolIsEmptyAndAnyIndexNamesItselfAndTheCount) {
+  EXPECT_FAILS(pool_GetProviderCount(pool_));
   for (int32_t index : {-1, 0, 7, INT32_MIN, INT32_MAX}) {
     EXPECT_FAILS(
         pool_GetProvider(pool_, index),
@@ -28,7 +27,7 @@ TEST_F(Pool, IndexOutOfRangeNamesTheGivenIndexAndTheCount) {
   }
 }
 
-TEST_F(Pool, DeletingAProviderItDoesNotHoldReports) {
+TEST_F(Pool, DeletingAProviderItDoesNotHoldOrANullPoolReports) {
   int notAProvider = 0;
   auto* stranger = reinterpret_cast<LxDataProvider*>(&notAProvider);
   EXPECT_FAILS(pool_DeleteProvider(pool_, stranger),
@@ -37,9 +36,7 @@ TEST_F(Pool, DeletingAProviderItDoesNotHoldReports) {
   EXPECT_EQ(notAProvider, 0);
   EXPECT_FAILS(pool_DeleteProvider(pool_, nullptr),
                "Передан нулевой указатель на объект prov (fun: pool_DeleteProvider)");
-}
-
-TEST_F(Pool, EveryPoolExportRejectsANullPoolByName) {
+  // Every pool export rejects a null pool by name.
   struct Case {
     const char* function;
     bool (*call)();
@@ -58,8 +55,8 @@ TEST_F(Pool, EveryPoolExportRejectsANullPoolByName) {
     EXPECT_EQ(writes, Writes{FlushText({std::string("Передан нулевой указатель на объект pool (fun: ") +
                                         c.function + ")"})});
   }
+  // A null text with a pool is quiet.
+  EXPECT_FAILS(pool_FindProvider(pool_, L"", nullptr, L"SYSDBA"));
 }
-
-TEST_F(Pool, NullStringFailsWithoutMessage) { EXPECT_FAILS(pool_FindProvider(pool_, L"", nullptr, L"SYSDBA")); }
 
 }  // namespace

@@ -27,34 +27,29 @@ class Registry : public ::testing::Test {
   std::vector<LxProviderPool*> created_;
 };
 
-TEST_F(Registry, AddingANameTwiceKeepsTheFirstPoolAndItsPath) {
+TEST_F(Registry, AddingANameTwiceKeepsTheFirstPoolAndItsPathAndNameText) {
   LxProviderPool* first = Add(L"RegTwice", L"/lib/first.ulb");
   LxProviderPool* second = lxAddLibraryProviderPool(L"RegTwice", L"/lib/second.ulb");
   ASSERT_NE(first, nullptr);
   EXPECT_EQ(first, second);
   EXPECT_STREQ(pool_GetUlbPath(first), L"/lib/first.ulb");
   EXPECT_EQ(lxGetLibraryProviderPool(L"RegTwice"), first);
+  // The library name is one static text, overwritten by each call.
+  LxProviderPool* pipes = Add(L"RegPipesLonger", L"/p");
+  const wchar_t* name = lxGetLibraryName(first);
+  EXPECT_STREQ(name, L"RegTwice");
+  EXPECT_EQ(lxGetLibraryName(pipes), name);
+  EXPECT_STREQ(name, L"RegPipesLonger");
 }
 
-TEST_F(Registry, NamesThatDifferInCaseAreTwoLibraries) {
+TEST_F(Registry, NamesThatDifferInCaseAreTwoLibrariesPathsThatDoAreOne) {
   LxProviderPool* lower = Add(L"regcase", L"/a");
   LxProviderPool* upper = Add(L"REGCASE", L"/b");
   ASSERT_NE(lower, nullptr);
   ASSERT_NE(upper, nullptr);
   EXPECT_NE(lower, upper);
   EXPECT_EQ(lxGetLibraryProviderPool(L"RegCase"), nullptr);
-}
-
-TEST_F(Registry, EmptyNameNeverHasAPool) {
-  EXPECT_FAILS(lxAddLibraryProviderPool(L"", L"/lib/empty.ulb"));
-  EXPECT_EQ(lxGetLibraryProviderPool(L""), nullptr);
-  // No pool was made behind the scenes: its path finds nothing.
-  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/lib/empty.ulb"), nullptr);
-}
-
-TEST_F(Registry, MissingNameIsNullWithoutMessage) { EXPECT_FAILS(lxGetLibraryProviderPool(L"NoSuchLibrary")); }
-
-TEST_F(Registry, UlbPathLookupFoldsLatinCaseButNotSeparators) {
+  // A look-up by path folds Latin case but not separators.
   LxProviderPool* pool = Add(L"RegPath", L"/Opt/Lib/Ducts.ULB");
   EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/opt/lib/ducts.ulb"), pool);
   EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/OPT/LIB/DUCTS.ULB"), pool);
@@ -62,50 +57,35 @@ TEST_F(Registry, UlbPathLookupFoldsLatinCaseButNotSeparators) {
   EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/Opt/Lib/Ducts.ULB/"), nullptr);
 }
 
-TEST_F(Registry, LibraryNameOverwritesItsOneStaticText) {
-  LxProviderPool* ducts = Add(L"RegDucts", L"/d");
-  LxProviderPool* pipes = Add(L"RegPipesLonger", L"/p");
-  const wchar_t* first = lxGetLibraryName(ducts);
-  EXPECT_STREQ(first, L"RegDucts");
-  const wchar_t* second = lxGetLibraryName(pipes);
-  EXPECT_EQ(first, second);
-  EXPECT_STREQ(first, L"RegPipesLonger");
+TEST_F(Registry, EmptyOrMissingNameHasNoPool) {
+  EXPECT_FAILS(lxAddLibraryProviderPool(L"", L"/lib/empty.ulb"));
+  EXPECT_EQ(lxGetLibraryProviderPool(L""), nullptr);
+  // No pool was made behind the scenes: its path finds nothing.
+  EXPECT_EQ(lxGetLibraryProviderPoolForUlbPath(L"/lib/empty.ulb"), nullptr);
+  EXPECT_FAILS(lxGetLibraryProviderPool(L"NoSuchLibrary"));
 }
 
-TEST_F(Registry, LibraryNameOfADeletedPoolIsEmptyNotNull) {
-  LxProviderPool* pool = lxAddLibraryProviderPool(L"RegGone", L"/g");
+TEST_F(Registry, ADeletedPoolIsGoneUntilItsNameIsAddedAgain) {
+  LxProviderPool* pool = lxAddLibraryProviderPool(L"RegGone", L"/old");
   ASSERT_TRUE(lxDeleteProviderPool(pool));
+  EXPECT_EQ(lxGetLibraryProviderPool(L"RegGone"), nullptr);
+  // The library name of a deleted pool is empty, not null, and quiet.
   auto [name, writes] = Captured([&] { return lxGetLibraryName(pool); });
   ASSERT_NE(name, nullptr);
   EXPECT_STREQ(name, L"");
   EXPECT_TRUE(writes.empty());
-}
-
-TEST_F(Registry, DeletingAPoolTwiceReportsTheSecondTime) {
-  LxProviderPool* pool = lxAddLibraryProviderPool(L"RegDeleteTwice", L"/x");
-  EXPECT_TRUE(lxDeleteProviderPool(pool));
-  EXPECT_EQ(lxGetLibraryProviderPool(L"RegDeleteTwice"), nullptr);
   EXPECT_FAILS(lxDeleteProviderPool(pool),
                "Не найден провайдер среди списка доступных провайдеров "
                "[CLxDataAccess::_DeleteProviderPool]");
-}
-
-TEST_F(Registry, DeletedNameCanBeAddedAgainWithANewPath) {
-  LxProviderPool* old = lxAddLibraryProviderPool(L"RegReAdd", L"/old");
-  ASSERT_TRUE(lxDeleteProviderPool(old));
-  LxProviderPool* renewed = Add(L"RegReAdd", L"/new");
+  LxProviderPool* renewed = Add(L"RegGone", L"/new");
   ASSERT_NE(renewed, nullptr);
   EXPECT_STREQ(pool_GetUlbPath(renewed), L"/new");
 }
 
-TEST_F(Registry, NullPoolArgumentsNameTheArgumentAndTheFunction) {
+TEST_F(Registry, NullArgumentsFailWithoutCrashing) {
   EXPECT_FAILS(lxGetLibraryName(nullptr), "Передан нулевой указатель на объект pool (fun: lxGetLibraryName)");
-
   // One message only: the body, which would report a missing pool, never ran.
   EXPECT_FAILS(lxDeleteProviderPool(nullptr), "Передан нулевой указатель на объект pool (fun: lxDeleteProviderPool)");
-}
-
-TEST_F(Registry, NullNameOrPathFailsInsteadOfCrashing) {
   EXPECT_FAILS(lxGetLibraryProviderPool(nullptr), " (fun: lxGetLibraryProviderPool) Неизвестное исключение");
   EXPECT_FAILS(lxGetLibraryProviderPoolForUlbPath(nullptr),
                " (fun: lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение");

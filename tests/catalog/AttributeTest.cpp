@@ -130,7 +130,7 @@ TEST_F(Attributes, SetNumberRefusesATakenNumberAndRenumbersEveryTemplate) {
   EXPECT_EQ(Stored(folderId_, 21, L"an.NAME"), (Texts{L"Марка", L"Марка"}));
 }
 
-TEST_F(Attributes, SetOldNumberMayEqualTheNumber) {
+TEST_F(Attributes, SetOldNumberMeasureAndVarNameWriteEveryTemplate) {
   LxAttribute* length = Column(L"Длина");
   ASSERT_TRUE(attribute_SetOldNumber(length, 21));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.OLD_NUMBER"), (Texts{L"21", L"21"}));
@@ -138,10 +138,7 @@ TEST_F(Attributes, SetOldNumberMayEqualTheNumber) {
   EXPECT_EQ(Records(21, [](const TemplateAttribute& r) { return std::to_wstring(r.oldNumber); }),
             (Texts{L"21", L"21"}));
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
-}
-
-TEST_F(Attributes, SetMeasureTakesAnyTextIncludingNone) {
-  LxAttribute* length = Column(L"Длина");
+  // Any measure is taken, none included.
   ASSERT_TRUE(attribute_SetMeasure(length, L"см"));
   EXPECT_EQ(Stored(folderId_, 21, L"oa.MEASURE"), (Texts{L"см", L"см"}));
   EXPECT_EQ(Stored(nuts_, 21, L"oa.MEASURE"), Texts{L"мм"});
@@ -152,9 +149,7 @@ TEST_F(Attributes, SetMeasureTakesAnyTextIncludingNone) {
   EXPECT_EQ(Stored(folderId_, 21, L"oa.MEASURE"), (Texts{L"", L""}));
   EXPECT_STREQ(attribute_GetMeasure(length), L"");
   EXPECT_STREQ(attribute_GetMeasure(Column(L"Шаг")), L"см");
-}
-
-TEST_F(Attributes, SetVarNameRefusesATakenNameButNotAnEmptyOne) {
+  // A taken variable name is refused, an empty one is not.
   EXPECT_FAILS(attribute_SetVarName(Column(L"Марка"), L"L"),
                "Не смогли задать атрибуту 'Марка' имя переменной 'L', т.к. уже есть атрибут с "
                "таким именем переменной [CAttribute::_SetVarName]");
@@ -183,9 +178,7 @@ TEST_F(Attributes, SetTypeRefusesTypeZeroAndStoredValuesUnlessCalculated) {
   ASSERT_TRUE(attribute_SetType(length, 3));
   EXPECT_EQ(attribute_GetType(length), 3);
   EXPECT_EQ(Stored(folderId_, 21, L"oa.ATTRTYPE"), (Texts{L"3", L"3"}));
-}
-
-TEST_F(Attributes, SetTypeNeedsEmptyRecordsAndNoOwnValues) {
+  // A column of type 0 needs empty records and no own values.
   LxAttribute* blank = Column(L"Пустой");
   LxStdSize* s1 = Size(L"S1");
   ASSERT_TRUE(stdsize_SetValueI(s1, blank, 3));
@@ -222,6 +215,14 @@ TEST_F(Attributes, SetFormulaWritesEveryTemplateAndTheReadFollowsIt) {
   ASSERT_TRUE(attribute_SetFormula(length, L"{A22+1}"));
   EXPECT_FALSE(attribute_CanEditForumalaValue(length));
   EXPECT_EQ(Shown(Size(L"S1"), length), L"d:2.25");
+  // An empty formula makes the column plain again.
+  ASSERT_TRUE(attribute_SetFormula(length, L""));
+  EXPECT_STREQ(attribute_GetFormula(length), L"");
+  EXPECT_TRUE(attribute_CanEditForumalaValue(length));
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"", L""}));
+  EXPECT_EQ(Shown(Size(L"S1"), length), L"i:15");
+  EXPECT_TRUE(stdsize_SetValueI(Size(L"S2"), length, 4));
+  EXPECT_EQ(Shown(Size(L"S2"), length), L"i:4");
 }
 
 TEST_F(Attributes, AFormulaThatDoesNotParseChangesNothing) {
@@ -234,19 +235,6 @@ TEST_F(Attributes, AFormulaThatDoesNotParseChangesNothing) {
   EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"{A5}", L"{A5}"}));
   EXPECT_EQ(Records(21, [](const TemplateAttribute& r) { return r.formula; }), (Texts{L"{A5}", L"{A5}"}));
   EXPECT_EQ(Shown(Size(L"S1"), length), L"-");  // the table has no A5
-}
-
-TEST_F(Attributes, AnEmptyFormulaMakesTheColumnPlainAgain) {
-  LxAttribute* length = Column(L"Длина");
-  ASSERT_TRUE(attribute_SetFormula(length, L"{A22+1}"));
-  ASSERT_FALSE(attribute_CanEditForumalaValue(length));
-  ASSERT_TRUE(attribute_SetFormula(length, L""));
-  EXPECT_STREQ(attribute_GetFormula(length), L"");
-  EXPECT_TRUE(attribute_CanEditForumalaValue(length));
-  EXPECT_EQ(Stored(folderId_, 21, L"oa.FORMULA"), (Texts{L"", L""}));
-  EXPECT_EQ(Shown(Size(L"S1"), length), L"i:15");
-  EXPECT_TRUE(stdsize_SetValueI(Size(L"S2"), length, 4));
-  EXPECT_EQ(Shown(Size(L"S2"), length), L"i:4");
 }
 
 }  // namespace

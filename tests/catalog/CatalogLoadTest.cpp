@@ -60,7 +60,7 @@ TEST_F(CatalogLoad, FolderThatNoPacketReachesFailsTheLoad) {
   EXPECT_EQ(pool_GetProviderCount(pool_), 0);
 }
 
-TEST_F(CatalogLoad, ReloadReadsWritesBackAndKeepsTheProvider) {
+TEST_F(CatalogLoad, ReloadReadsWritesBackKeepsTheProviderAndReachesEveryPool) {
   LxPacket* packet = provider_AddPacket(provider_, L"Пакет");
   LxFolder* a = folder_AddChildFolder(packet_GetRootFolder(packet), L"А");
   folder_AddChildFolder(a, L"А1");
@@ -70,9 +70,20 @@ TEST_F(CatalogLoad, ReloadReadsWritesBackAndKeepsTheProvider) {
   EXPECT_EQ(pool_GetProvider(pool_, 0), provider_);
   ASSERT_EQ(provider_GetPacketCount(provider_), 1);
   EXPECT_EQ(Describe(packet_GetRootFolder(provider_GetPacket(provider_, 0))), L"Пакет(А переименован(А1),Б)");
+  // One database in two pools is reloaded in both.
+  LxProviderPool* second = lxAddLibraryProviderPool(L"CatalogLoadSecondPool", L"/second.ulb");
+  LxDataProvider* again = pool_AddProvider(second, connection_.server.c_str(), database_.c_str(),
+                                           connection_.user.c_str(), connection_.password.c_str());
+  ASSERT_NE(again, nullptr);
+  Sql().Execute({L"INSERT INTO FOLDER (ID, NAME) VALUES (1001, 'Новый')",
+                 L"INSERT INTO PACKET (PACKETID, FOLDERID) VALUES ('Новый', 1001)"});
+  ASSERT_TRUE(Reload());
+  EXPECT_EQ(provider_GetPacketCount(provider_), 2);
+  EXPECT_EQ(provider_GetPacketCount(again), 2);
+  lxDeleteProviderPool(second);
 }
 
-TEST_F(CatalogLoad, ReloadMatchesPathsOverSeparatorsAndCase) {
+TEST_F(CatalogLoad, ReloadMatchesPathsOverSeparatorsAndCaseAndIgnoresUnknownOnes) {
   provider_AddPacket(provider_, L"Пакет");
   provider_ClearPacketCache(provider_, provider_GetPacket(provider_, 0));
   std::wstring spelled = database_;
@@ -83,23 +94,8 @@ TEST_F(CatalogLoad, ReloadMatchesPathsOverSeparatorsAndCase) {
   for (wchar_t& ch : spelled) ch = static_cast<wchar_t>(std::towupper(ch));
   ASSERT_TRUE(lxReloadProvider(connection_.server.c_str(), spelled.c_str()));
   EXPECT_EQ(provider_GetPacketCount(provider_), 1);
-}
-
-TEST_F(CatalogLoad, ReloadOfAnUnknownDatabaseIsTrueAndQuiet) {
+  // A database no provider has is reloaded quietly.
   EXPECT_EQ(Captured([] { return lxReloadProvider(L"", L"/no/such/catalog.fdb"); }), Quietly(true));
-}
-
-TEST_F(CatalogLoad, OneDatabaseInTwoPoolsIsReloadedInBoth) {
-  LxProviderPool* second = lxAddLibraryProviderPool(L"CatalogLoadSecondPool", L"/second.ulb");
-  LxDataProvider* again = pool_AddProvider(second, connection_.server.c_str(), database_.c_str(),
-                                           connection_.user.c_str(), connection_.password.c_str());
-  ASSERT_NE(again, nullptr);
-  Sql().Execute({L"INSERT INTO FOLDER (ID, NAME) VALUES (1, 'Новый')",
-                 L"INSERT INTO PACKET (PACKETID, FOLDERID) VALUES ('Новый', 1)"});
-  ASSERT_TRUE(Reload());
-  EXPECT_EQ(provider_GetPacketCount(provider_), 1);
-  EXPECT_EQ(provider_GetPacketCount(again), 1);
-  lxDeleteProviderPool(second);
 }
 
 }  // namespace

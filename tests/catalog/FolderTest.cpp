@@ -25,7 +25,7 @@ class Folders : public CatalogFixture {
   LxFolder* root_ = nullptr;
 };
 
-TEST_F(Folders, AddWritesTheRowUnderItsParent) {
+TEST_F(Folders, AddWritesTheRowUnderItsParentAndRefusesEmptyAndTakenNames) {
   LxFolder* child = folder_AddChildFolder(root_, L"Отводы");
   ASSERT_NE(child, nullptr);
   EXPECT_EQ(folder_GetParentFolder(child), root_);
@@ -33,35 +33,30 @@ TEST_F(Folders, AddWritesTheRowUnderItsParent) {
   EXPECT_FALSE(folder_IsVirtual(child));
   EXPECT_EQ(StoredParentOf(L"Отводы"), FolderId(L"Пакет"));
   EXPECT_EQ(ChildNames(root_), std::vector<std::wstring>{L"Отводы"});
-}
-
-TEST_F(Folders, AddRefusesEmptyAndTakenNamesButNotAnotherCase) {
-  folder_AddChildFolder(root_, L"Отводы");
+  // Empty and taken names are refused, another case is not.
   EXPECT_FAILS(folder_AddChildFolder(root_, L""), "Имя фолдера не может быть пустым [CFolder::_AddChildFolder]");
   EXPECT_FAILS(folder_AddChildFolder(root_, L"Отводы"), "Фолдер с именем 'Отводы' уже есть [CFolder::_AddChildFolder]");
   EXPECT_NE(folder_AddChildFolder(root_, L"ОТВОДЫ"), nullptr);
   EXPECT_EQ(Count(L"FOLDER"), 3);
 }
 
-TEST_F(Folders, RenameRootLeavesThePacketName) {
+TEST_F(Folders, RenameRootLeavesThePacketNameAndAChildChecksItsSiblings) {
   ASSERT_TRUE(folder_SetName(root_, L"Корень"));
   EXPECT_STREQ(folder_GetName(root_), L"Корень");
   EXPECT_STREQ(packet_GetName(packet_), L"Пакет");
   EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM FOLDER"), std::vector<std::wstring>{L"Корень"});
   EXPECT_EQ(Sql().Texts(L"SELECT PACKETID FROM PACKET"), std::vector<std::wstring>{L"Пакет"});
-}
-
-TEST_F(Folders, RenameChecksSiblingsButAllowsAnEmptyOrTheSameName) {
+  // A child's new name is checked against its siblings; empty is allowed.
   LxFolder* a = folder_AddChildFolder(root_, L"А");
   folder_AddChildFolder(root_, L"Б");
   EXPECT_FAILS(folder_SetName(a, L"Б"), "Фолдер с именем 'Б' уже есть [CPacket::_RenameFolder]");
   // The same name is a success before any database work.
   EXPECT_EQ(WithoutDatabase([&] { return folder_SetName(a, L"А"); }), Quietly(true));
   EXPECT_TRUE(folder_SetName(a, L""));
-  EXPECT_EQ(StoredParentOf(L""), FolderId(L"Пакет"));
+  EXPECT_EQ(StoredParentOf(L""), FolderId(L"Корень"));
 }
 
-TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
+TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildrenAndTakesTheTemplates) {
   LxFolder* outer = folder_AddChildFolder(root_, L"Внешний");
   LxFolder* inner = folder_AddChildFolder(outer, L"Внутренний");
   EXPECT_FAILS(folder_DeleteChildFolder(root_, inner),
@@ -74,9 +69,7 @@ TEST_F(Folders, DeleteRefusesAStrangerAndAParentOfChildren) {
   EXPECT_TRUE(folder_DeleteChildFolder(root_, outer));
   EXPECT_EQ(folder_GetChildFolderCount(root_), 0);
   EXPECT_EQ(Sql().Texts(L"SELECT NAME FROM FOLDER"), std::vector<std::wstring>{L"Пакет"});
-}
-
-TEST_F(Folders, DeleteTakesTheTemplatesFiledUnderTheFolder) {
+  // Deleting takes the templates filed under the folder.
   LxFolder* child = folder_AddChildFolder(root_, L"С содержимым");
   const std::wstring folderId = std::to_wstring(FolderId(L"С содержимым"));
   Sql().Execute({L"INSERT INTO OBJECT (ID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) VALUES (50, 4, 1, " +
@@ -90,7 +83,7 @@ TEST_F(Folders, DeleteTakesTheTemplatesFiledUnderTheFolder) {
   }
 }
 
-TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
+TEST_F(Folders, MoveRefusalsComeInTheirOrderAndAMoveAppendsAtTheEnd) {
   LxFolder* a = folder_AddChildFolder(root_, L"А");
   LxFolder* b = folder_AddChildFolder(root_, L"Б");
   LxFolder* aChild = folder_AddChildFolder(a, L"А1");
@@ -109,15 +102,9 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrder) {
   LxFolder* foreignRoot = packet_GetRootFolder(provider_AddPacket(other, L"Чужой"));
   expectRefusal(aChild, foreignRoot, "Фолдеры находятся в разных базах");
   EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"А"));
-}
-
-TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
-  LxFolder* a = folder_AddChildFolder(root_, L"А");
-  LxFolder* b = folder_AddChildFolder(root_, L"Б");
-  folder_AddChildFolder(b, L"Б1");
-  LxFolder* aChild = folder_AddChildFolder(a, L"А1");
+  // A move appends at the end of the new parent.
   ASSERT_TRUE(folder_MoveTo(aChild, b));
-  EXPECT_EQ(ChildNames(b), (std::vector<std::wstring>{L"Б1", L"А1"}));
+  EXPECT_EQ(ChildNames(b), (std::vector<std::wstring>{L"А", L"А1"}));
   EXPECT_EQ(folder_GetChildFolderCount(a), 0);
   EXPECT_EQ(folder_GetParentFolder(aChild), b);
   EXPECT_EQ(StoredParentOf(L"А1"), FolderId(L"Б"));
@@ -125,15 +112,13 @@ TEST_F(Folders, MoveAppendsAtTheEndOfTheNewParent) {
   EXPECT_EQ(WithoutDatabase([&] { return folder_MoveTo(aChild, b); }), Quietly(true));
 }
 
-TEST_F(Folders, ChildIndexOutOfRangeReports) {
+TEST_F(Folders, ABadChildIndexOrNullHandleReportsItself) {
   folder_AddChildFolder(root_, L"А");
   for (int32_t index : {-1, 1}) {
     EXPECT_FAILS(folder_GetChildFolder(root_, index),
                  "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 1) [CFolder::_GetChildFolder]");
   }
-}
-
-TEST_F(Folders, NullHandlesAreNamedPerArgument) {
+  // Null handles are named per argument.
   EXPECT_FAILS(folder_MoveTo(root_, nullptr), "Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)");
   EXPECT_FAILS(folder_DeleteChildFolder(root_, nullptr),
                "Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)");

@@ -31,22 +31,18 @@ TEST_F(Packets, AddWritesThePacketAndItsRootFolder) {
   EXPECT_EQ(provider_GetPacketByName(provider_, L"Воздуховоды"), packet);
 }
 
-TEST_F(Packets, NamesClashExactlyAndCaseCounts) {
+TEST_F(Packets, NamesClashExactlyAndMayNotBeEmpty) {
   ASSERT_NE(provider_AddPacket(provider_, L"Трубы"), nullptr);
   EXPECT_NE(provider_AddPacket(provider_, L"ТРУБЫ"), nullptr);
   EXPECT_FAILS(provider_AddPacket(provider_, L"Трубы"),
                "Нельзя создать пакет, т.к. пакет с именем 'Трубы' уже существует "
                "[CDataProvider::_AddPacket]");
-  EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"Трубы", L"ТРУБЫ"}));
-}
-
-TEST_F(Packets, EmptyNameIsRefused) {
   EXPECT_FAILS(provider_AddPacket(provider_, L""), "Нельзя создать пакет с пустым именем [CDataProvider::_AddPacket]");
-  EXPECT_EQ(Count(L"PACKET"), 0);
-  EXPECT_EQ(Count(L"FOLDER"), 0);
+  EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"Трубы", L"ТРУБЫ"}));
+  EXPECT_EQ(Count(L"FOLDER"), 2);
 }
 
-TEST_F(Packets, RenameChangesOnlyThePacketName) {
+TEST_F(Packets, RenameChangesOnlyThePacketNameAndRefusesInOrder) {
   LxPacket* packet = provider_AddPacket(provider_, L"Старое");
   ASSERT_TRUE(packet_SetName(packet, L"Новое"));
   EXPECT_STREQ(packet_GetName(packet), L"Новое");
@@ -54,9 +50,7 @@ TEST_F(Packets, RenameChangesOnlyThePacketName) {
   EXPECT_EQ(StoredPacketNames(), std::vector<std::wstring>{L"Новое"});
   EXPECT_EQ(StoredRootName(packet), L"Старое");
   EXPECT_TRUE(packet_SetName(packet, L"НОВОЕ")) << "another case is another name";
-}
-
-TEST_F(Packets, RenameRefusalsComeInOrderAndTheSameNameTouchesNothing) {
+  // Refusals come in order; the same name touches nothing.
   LxPacket* first = provider_AddPacket(provider_, L"Первый");
   provider_AddPacket(provider_, L"Второй");
   EXPECT_FAILS(packet_SetName(first, L""), "Имя пакета не может быть нулевым [CDataProvider::_ReNamePacket]");
@@ -66,7 +60,7 @@ TEST_F(Packets, RenameRefusalsComeInOrderAndTheSameNameTouchesNothing) {
   EXPECT_FAILS(packet_SetName(first, nullptr));
   // The same name is a success before any database work.
   EXPECT_EQ(WithoutDatabase([&] { return packet_SetName(first, L"Первый"); }), Quietly(true));
-  EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"Первый", L"Второй"}));
+  EXPECT_EQ(StoredPacketNames(), (std::vector<std::wstring>{L"НОВОЕ", L"Первый", L"Второй"}));
 }
 
 TEST_F(Packets, FailedWriteLeavesMemoryAndDatabase) {

@@ -15,7 +15,7 @@ class PoolProviders : public CatalogFixture {
   }
 };
 
-TEST_F(PoolProviders, SameDatabaseInAnySpellingOrPasswordGivesTheFirstProvider) {
+TEST_F(PoolProviders, SameDatabaseInAnySpellingOrPasswordGivesTheFirstProviderButNotAnotherUser) {
   ASSERT_NE(provider_, nullptr);
   EXPECT_EQ(AttachAs(database_, connection_.user, L"another password"), provider_);
   std::wstring shouted = database_;
@@ -28,11 +28,8 @@ TEST_F(PoolProviders, SameDatabaseInAnySpellingOrPasswordGivesTheFirstProvider) 
   // Finding is exact: the other spellings are not found.
   EXPECT_EQ(pool_FindProvider(pool_, connection_.server.c_str(), backslashed.c_str(), connection_.user.c_str()), nullptr);
   EXPECT_EQ(pool_FindProvider(pool_, connection_.server.c_str(), database_.c_str(), connection_.user.c_str()), provider_);
-}
-
-TEST_F(PoolProviders, AnotherUserIsAnotherProviderOfTheSameDatabase) {
-  // Firebird folds unquoted user names, so this is the same account under a
-  // user text that differs.
+  // Another user is another provider of the same database. Firebird folds
+  // unquoted user names, so this is the same account under another text.
   std::wstring user = connection_.user;
   std::transform(user.begin(), user.end(), user.begin(), [](wchar_t ch) { return std::towlower(ch); });
   ASSERT_NE(user, connection_.user);
@@ -42,7 +39,7 @@ TEST_F(PoolProviders, AnotherUserIsAnotherProviderOfTheSameDatabase) {
   EXPECT_EQ(pool_GetProviderCount(pool_), 2);
 }
 
-TEST_F(PoolProviders, DeletingAProviderMovesTheFollowingDown) {
+TEST_F(PoolProviders, DeletingAProviderMovesTheFollowingDownAndOnlyItsPoolDeletesIt) {
   const std::wstring otherFile = NewCatalogFile("second.fdb");
   const std::wstring thirdFile = NewCatalogFile("third.fdb");
   LxDataProvider* second = Attach(otherFile);
@@ -52,9 +49,7 @@ TEST_F(PoolProviders, DeletingAProviderMovesTheFollowingDown) {
   EXPECT_EQ(pool_GetProviderCount(pool_), 2);
   EXPECT_EQ(pool_GetProvider(pool_, 0), provider_);
   EXPECT_EQ(pool_GetProvider(pool_, 1), third);
-}
-
-TEST_F(PoolProviders, ProviderOfAnotherPoolIsNotDeleted) {
+  // Another pool does not delete this pool's provider.
   LxProviderPool* other = lxAddLibraryProviderPool(L"PoolProvidersOther", L"/other.ulb");
   EXPECT_FAILS(pool_DeleteProvider(other, provider_),
                "Не найден провайдер среди списка доступных провайдеров "

@@ -10,21 +10,19 @@ namespace {
 
 class Provider : public CatalogFixture {};
 
-TEST_F(Provider, IsEditableOnAWritableCatalogAndLeavesNoTrace) {
+TEST_F(Provider, IsEditableOnAWritableCatalogLeavesNoTraceAndIsASilentNoWithout) {
   const std::int32_t foldersBefore = Count(L"FOLDER");
   const std::int32_t generatorBefore = Sql().Int(L"SELECT GEN_ID(GEN_FOLDER_ID, 0) FROM RDB$DATABASE");
   EXPECT_EQ(Captured([&] { return provider_IsEditable(provider_); }), Quietly(true));
   EXPECT_EQ(Count(L"FOLDER"), foldersBefore);
   // The probe's insert did run: it drew an id.
   EXPECT_GT(Sql().Int(L"SELECT GEN_ID(GEN_FOLDER_ID, 0) FROM RDB$DATABASE"), generatorBefore);
-}
-
-TEST_F(Provider, IsEditableIsASilentNoWhenTheCatalogIsGone) {
+  // A silent no when the catalog is gone.
   std::filesystem::remove(WideToUtf8(database_));
   EXPECT_FAILS(provider_IsEditable(provider_));
 }
 
-TEST_F(Provider, ParamIsReadOnceAndKeptAtOneAddress) {
+TEST_F(Provider, ParamIsReadOnceAndKeptAtOneAddressANullTextFailsSilently) {
   const wchar_t* first = provider_GetParam(provider_, L"VERSION", L"");
   ASSERT_NE(first, nullptr);
   EXPECT_STREQ(first, L"1");
@@ -34,9 +32,10 @@ TEST_F(Provider, ParamIsReadOnceAndKeptAtOneAddress) {
   EXPECT_EQ(second, first);
   EXPECT_STREQ(second, L"1");
   EXPECT_TRUE(writes.empty());
+  EXPECT_FAILS(provider_GetParam(provider_, L"VERSION", nullptr));
 }
 
-TEST_F(Provider, MissingParamGivesBothReportsAndIsAskedAgainNextTime) {
+TEST_F(Provider, MissingParamOrTableGivesBothReportsAndIsAskedAgainNextTime) {
   EXPECT_FAILS(provider_GetParam(provider_, L"Размер", L"tag"),
                "В таблице BASE_PARAM нет параметра Размер [BaseOperation::GetParam]",
                "Не смогли получить параметр из за проблем с базой [CDataProvider::_GetParam]");
@@ -45,15 +44,11 @@ TEST_F(Provider, MissingParamGivesBothReportsAndIsAskedAgainNextTime) {
   ASSERT_NE(later, nullptr);
   EXPECT_STREQ(later, L"большой");
   EXPECT_EQ(provider_GetParam(provider_, L"Размер", L"other"), nullptr) << "the tag is part of the key";
-}
-
-TEST_F(Provider, CatalogWithoutParamTableGivesTwoReportsInOrder) {
+  // A catalog without the table gives two reports in order.
   Sql().Execute(L"DROP TABLE BASE_PARAM");
   EXPECT_FAILS(provider_GetParam(provider_, L"VERSION", L""), "В базе нет таблицы BASE_PARAM [BaseOperation::GetParam]",
                "Не смогли получить параметр из за проблем с базой [CDataProvider::_GetParam]");
 }
-
-TEST_F(Provider, NullParamStringsFailSilently) { EXPECT_FAILS(provider_GetParam(provider_, L"VERSION", nullptr)); }
 
 TEST_F(Provider, DictionaryCrossingUsesOnlyPairsThatAnAttributeCarries) {
   Sql().Execute({L"EXECUTE PROCEDURE GET_ATTR_NAME('Диаметр')", L"EXECUTE PROCEDURE GET_ATTR_DESCR('Условный проход')",
@@ -86,20 +81,15 @@ TEST_F(Provider, DeleteUnusedModelsAndFragmentsKeepsWhatIsUsed) {
   EXPECT_EQ(Count(L"FRAGMENT"), 0);
 }
 
-TEST_F(Provider, DeletePacketIsNotAvailableAndChangesNothing) {
+TEST_F(Provider, DeletePacketIsNotAvailableAndBadArgumentsReportThemselves) {
   LxPacket* packet = provider_AddPacket(provider_, L"Вечный");
   ASSERT_NE(packet, nullptr);
   EXPECT_FAILS(provider_DeletePacket(provider_, packet), " (fun: provider_DeletePacket) Неизвестное исключение");
   EXPECT_EQ(provider_GetPacketCount(provider_), 1);
   EXPECT_EQ(Count(L"PACKET"), 1);
-}
-
-TEST_F(Provider, PacketIndexOutOfRangeReports) {
+  // A bad index or a null handle reports itself.
   EXPECT_FAILS(provider_GetPacket(provider_, -1),
-               "Индекс -1 выходит за пределы диапазона [0, 0) [CDataProvider::_GetPacket]");
-}
-
-TEST_F(Provider, NullProviderIsNamedDataProvider) {
+               "Индекс -1 выходит за пределы диапазона [0, 1) [CDataProvider::_GetPacket]");
   EXPECT_FAILS(provider_GetPacketCount(nullptr),
                "Передан нулевой указатель на объект dataProvider (fun: provider_GetPacketCount)");
   EXPECT_FAILS(provider_ClearPacketCache(provider_, nullptr),

@@ -36,20 +36,17 @@ class SizeValue : public ::testing::Test {
   std::unique_ptr<CAttribute> column_;
 };
 
-TEST_F(SizeValue, AnOwnValueCountsWhateverItsKind) {
+TEST_F(SizeValue, AnOwnValueCountsWhateverItsKindEvenWithoutTheRecord) {
   const CAttribute& column = Column(Value{5});
   size_.Values()[21] = Value{};
   const Value* value = Read(column);
   ASSERT_EQ(value, &size_.Values()[21]);
   EXPECT_TRUE(std::holds_alternative<std::monostate>(*value));
-}
-
-TEST_F(SizeValue, ATemplateWithoutTheRecordHasNone) {
-  const CAttribute& column = Column(Value{5});
+  // Without the template's record only an own value is found.
   owner_.Records().clear();
-  EXPECT_EQ(Read(column), nullptr);
-  size_.Values()[21] = Value{1};
   EXPECT_EQ(Read(column), &size_.Values()[21]);
+  size_.Values().erase(21);
+  EXPECT_EQ(Read(column), nullptr);
 }
 
 TEST_F(SizeValue, AFormulaBeatsBothAndIsKeptAmongTheCalculatedValues) {

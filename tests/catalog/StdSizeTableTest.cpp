@@ -82,15 +82,12 @@ TEST_F(TableSizes, ATemplateNameIsMadeFreeInItsTableOnly) {
   EXPECT_EQ(Sql().Texts(L"SELECT o.NAME FROM STANDARDSIZE sz JOIN OBJECT o ON o.ID = sz.OBJECTID"), Texts{L"M7 (0)"});
 }
 
-TEST_F(TableSizes, EmptyAndNullIdentifiersAreRefused) {
+TEST_F(TableSizes, EmptyAndNullIdentifiersAreRefusedAndFindStdSizeIsExact) {
   EXPECT_FAILS(table_AddStdSize(table_, L""),
                "Индентификатор типоразмера не может быть пустым [CFolderTable::_AddStdSize]");
   EXPECT_FAILS(table_AddStdSize(table_, nullptr));
   EXPECT_EQ(Count(L"OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
-}
-
-TEST_F(TableSizes, FindStdSizeIsExact) {
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   EXPECT_EQ(table_FindStdSize(table_, L"M5"), size);
   for (const wchar_t* other : {L"m5", L"M5 ", L"M", L"М5" /* Cyrillic М */}) {

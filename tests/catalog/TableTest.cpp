@@ -39,6 +39,12 @@ TEST_F(TableColumns, AnEmptyTableNumbersItsFirstColumn21AndMakesTheAddTemplate) 
                         std::to_wstring(folderId_)),
             Texts{L"_AddTemplate|1|4|null|" + std::to_wstring(packetId_)});
   EXPECT_EQ(table_GetStdSizeCount(table_), 0);
+  // Indexes outside the columns report the range.
+  for (int32_t index : {2, -1}) {
+    EXPECT_FAILS(
+        table_GetAttribute(table_, index),
+        "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 2) [CFolderTable::_GetAttribute]");
+  }
   // A table with a template but no sizes is not empty after a load either.
   ReloadAndWalk();
   EXPECT_FALSE(table_IsEmpty(table_));
@@ -68,9 +74,15 @@ TEST_F(TableColumns, TypeZeroAndNullTextsAreRefusedBeforeAnyTemplateIsMade) {
   EXPECT_EQ(Count(L"OBJECT"), 0);
   EXPECT_TRUE(table_IsEmpty(table_));
   EXPECT_EQ(table_GetAttributeCount(table_), 0);
+  // A type above 3 is not refused: it is stored as given and has no kind in
+  // memory.
+  LxAttribute* odd = table_AddAttribute(table_, L"Странный", L"Тип четыре", 4);
+  ASSERT_NE(odd, nullptr);
+  EXPECT_EQ(attribute_GetType(odd), 0);
+  EXPECT_EQ(Stored(folderId_, 21, L"oa.ATTRTYPE"), Texts{L"4"});
 }
 
-TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate) {
+TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplateClearDoesNothing) {
   ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
   LxStdSize* size = table_AddStdSize(table_, L"M5");
   ASSERT_NE(size, nullptr);
@@ -82,6 +94,11 @@ TEST_F(TableColumns, TheAddTemplateStaysWithoutSizesBesideTheFirstSizesTemplate)
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"ID_specification"}));
   EXPECT_EQ(RecordNames(size), (Texts{L"Длина", L"ID_specification"}));
   EXPECT_EQ(table_GetStdSizeCount(table_), 1);
+  // Clear does nothing.
+  EXPECT_FAILS(table_Clear(table_));
+  EXPECT_EQ(table_GetAttributeCount(table_), 2);
+  EXPECT_EQ(table_GetStdSizeCount(table_), 1);
+  EXPECT_EQ(Count(L"STANDARDSIZE"), 1);
 }
 
 TEST_F(TableColumns, TakenNamesAndNumbersAreRefusedWhereTheyComeFirst) {
@@ -120,15 +137,10 @@ TEST_F(TableColumns, EveryTemplateGetsTheNewColumnWithItsDefault) {
   }
 }
 
-TEST_F(TableColumns, ATypeAbove3IsStoredAsGivenAndHasNoKindInMemory) {
-  LxAttribute* odd = table_AddAttribute(table_, L"Странный", L"Тип четыре", 4);
-  ASSERT_NE(odd, nullptr);
-  EXPECT_EQ(attribute_GetType(odd), 0);
-  EXPECT_EQ(Stored(folderId_, 21, L"oa.ATTRTYPE"), Texts{L"4"});
-}
-
-TEST_F(TableColumns, FindAttributeFoldsLatinAndRussianCaseOnly) {
-  for (const wchar_t* name : {L"ДЛИНА", L"ёлка", L"Width", L"Äußere", L"ель"}) {
+TEST_F(TableColumns, FindAttributeFoldsLatinAndRussianCaseOnlyAndPrefersTheFirstTwin) {
+  // Of case twins the first in name order is found: "W" sorts before "w",
+  // whatever the order of adding.
+  for (const wchar_t* name : {L"ДЛИНА", L"ёлка", L"width", L"Width", L"Äußere", L"ель"}) {
     ASSERT_NE(table_AddAttribute(table_, name, name, 1), nullptr) << name;
   }
   auto found = [&](const wchar_t* name) -> std::wstring {
@@ -142,30 +154,6 @@ TEST_F(TableColumns, FindAttributeFoldsLatinAndRussianCaseOnly) {
   for (const auto& [asked, name] : cases) EXPECT_EQ(found(asked), name) << testing::PrintToString(std::wstring(asked));
   EXPECT_FAILS(table_FindAttribute(table_, L""));
   EXPECT_FAILS(table_FindAttribute(table_, nullptr));
-}
-
-TEST_F(TableColumns, FindAttributeTakesTheFirstInNameOrderAmongCaseTwins) {
-  ASSERT_NE(table_AddAttribute(table_, L"width", L"маленькими", 1), nullptr);
-  ASSERT_NE(table_AddAttribute(table_, L"Width", L"с большой", 1), nullptr);
-  // "W" sorts before "w", whatever the order of adding.
-  EXPECT_STREQ(attribute_GetDescription(table_FindAttribute(table_, L"WIDTH")), L"с большой");
-}
-
-TEST_F(TableColumns, IndexOutsideTheColumnsReportsTheRange) {
-  ASSERT_NE(table_AddAttribute(table_, L"Длина", L"Длина болта", 1), nullptr);
-  for (int32_t index : {1, -1}) {
-    EXPECT_FAILS(
-        table_GetAttribute(table_, index),
-        "Индекс " + std::to_string(index) + " выходит за пределы диапазона [0, 1) [CFolderTable::_GetAttribute]");
-  }
-}
-
-TEST_F(TableColumns, ClearDoesNothing) {
-  ASSERT_NE(table_AddStdSize(table_, L"M5"), nullptr);
-  EXPECT_FAILS(table_Clear(table_));
-  EXPECT_EQ(table_GetAttributeCount(table_), 1);
-  EXPECT_EQ(table_GetStdSizeCount(table_), 1);
-  EXPECT_EQ(Count(L"STANDARDSIZE"), 1);
 }
 
 TEST_F(TableColumns, RenameAndRenumberMoveAColumnToTheEnd) {
@@ -228,7 +216,7 @@ TEST_F(DeletingColumns, RowsAndValuesOfTheNumberGoInThisFolderOnly) {
   EXPECT_EQ(Shown(Size(L"Б1"), Column(L"Шаг")), L"i:5");
 }
 
-TEST_F(DeletingColumns, AColumnOfAnotherTableIsRefused) {
+TEST_F(DeletingColumns, AColumnOfAnotherTableAndNullHandlesAreRefused) {
   LxFolderTable* neighbourTable = folder_GetTable(ChildNamed(root_, L"Гайки"));
   LxAttribute* stranger = ColumnOf(neighbourTable, L"Соседний");
   ASSERT_NE(stranger, nullptr);
@@ -236,15 +224,11 @@ TEST_F(DeletingColumns, AColumnOfAnotherTableIsRefused) {
                "Атрибут не соответствует своему родителю [CFolderTable::_DeleteAttribute]");
   EXPECT_EQ(Stored(neighbour_, 21, L"an.NAME"), Texts{L"Соседний"});
   EXPECT_EQ(ColumnNames(neighbourTable), Texts{L"Соседний"});
-  EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
-}
-
-TEST_F(DeletingColumns, NullHandlesAreNamed) {
   EXPECT_FAILS(table_DeleteAttribute(table_, nullptr),
                "Передан нулевой указатель на объект attribute (fun: table_DeleteAttribute)");
   EXPECT_FAILS(table_DeleteAttribute(nullptr, Column(L"Длина")),
                "Передан нулевой указатель на объект table (fun: table_DeleteAttribute)");
-  EXPECT_EQ(table_GetAttributeCount(table_), 2);
+  EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг"}));
 }
 
 TEST_F(TableColumns, DeletedColumn11ComesBackWithTheNextSize) {

@@ -206,13 +206,11 @@ class ObjectTypes : public Templates {
   }
 };
 
-TEST_F(ObjectTypes, AnUnchangedTypeTouchesNothingAndANullTextFailsWithoutAMessage) {
+TEST_F(ObjectTypes, AKnownTextReusesItsRowForAllSizesOfTheTemplate) {
+  // An unchanged type touches nothing; a null text fails without a message.
   EXPECT_EQ(WithoutDatabase([&] { return stdsize_SetType(Size(L"S1"), L"VENTBOX"); }), Quietly(true));
   EXPECT_FAILS(stdsize_SetType(Size(L"S1"), nullptr));
   EXPECT_STREQ(stdsize_GetType(Size(L"S1")), L"VENTBOX");
-}
-
-TEST_F(ObjectTypes, AKnownTextReusesItsRowForAllSizesOfTheTemplate) {
   ASSERT_TRUE(stdsize_SetType(Size(L"S1"), L"ELEMENT"));
   EXPECT_EQ(StoredTypes(), (Texts{L"1:SEGMENT", L"2:VENTBOX", L"3:ELEMENT"}));
   EXPECT_EQ(StoredTypeIdOf(501), 3);

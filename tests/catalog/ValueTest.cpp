@@ -70,6 +70,17 @@ TEST_F(Values, ACommonValueIsReadByEverySizeOfTheTemplate) {
   EXPECT_EQ(WithoutDatabase([&] { return Shown(s3_, Column(L"Длина")); }), Quietly(std::wstring(L"i:10")));
 }
 
+TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
+  ValueView first{};
+  ValueView second{};
+  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &first));
+  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &second));
+  EXPECT_EQ(Described(first), L"s:Ст3");
+  EXPECT_EQ(first.length, 3u);
+  EXPECT_EQ(first.payload.text, second.payload.text);
+  EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
+}
+
 TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {
   EXPECT_EQ(ShownByAll(L"Диаметр"), (Texts{L"i:0", L"i:8", L"i:0"}));
   EXPECT_EQ(ShownByAll(L"Шаг"), (Texts{L"d:0", L"d:0", L"d:0"}));
@@ -77,6 +88,16 @@ TEST_F(Values, AnOwnValueBeatsTheTemplatesDefault) {
   view.index = 9;
   ASSERT_TRUE(stdsize_GetValue(s1_, Column(L"Примечание"), nullptr, &view));
   EXPECT_EQ(Described(view), L"s:");
+  // A cell without any value is false without a message.
+  view.index = LX_VALUE_INT;
+  view.payload.integer = 77;
+  EXPECT_FAILS(stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view));
+  EXPECT_EQ(Described(view), L"e");
+  // An own value counts whatever the column's type.
+  ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Пустой"), 3));
+  EXPECT_EQ(Shown(s1_, Column(L"Пустой")), L"i:3");
+  EXPECT_EQ(Shown(s2_, Column(L"Пустой")), L"-");
+  EXPECT_EQ(StoredSizeValues(folderId_, 29), Texts{L"S1=3||"});
 }
 
 TEST_F(Values, AFormulaBeatsOwnAndTemplateValues) {
@@ -92,30 +113,6 @@ TEST_F(Values, AFormulaBeatsOwnAndTemplateValues) {
   // Each read evaluates again: a changed operand shows at once.
   ASSERT_TRUE(stdsize_SetValueD(s2_, Column(L"Вес"), 3.75));
   EXPECT_EQ(Shown(s2_, Column(L"Подпись")), L"s:x3,75");
-}
-
-TEST_F(Values, TheViewOfAStringPointsAtTheStoredText) {
-  ValueView first{};
-  ValueView second{};
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &first));
-  ASSERT_TRUE(stdsize_GetValue(s2_, Column(L"Марка"), nullptr, &second));
-  EXPECT_EQ(Described(first), L"s:Ст3");
-  EXPECT_EQ(first.length, 3u);
-  EXPECT_EQ(first.payload.text, second.payload.text);
-  EXPECT_EQ(first.payload.text, std::get<std::wstring>(Obj(s2_)->GetTemplate()->FindRecord(23)->value).c_str());
-}
-
-TEST_F(Values, ACellWithoutValueIsFalseWithoutAMessage) {
-  ValueView view{};
-  view.index = LX_VALUE_INT;
-  view.payload.integer = 77;
-  EXPECT_FAILS(stdsize_GetValue(s1_, Column(L"Пустой"), nullptr, &view));
-  EXPECT_EQ(Described(view), L"e");
-  // An own value counts whatever the column's type.
-  ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Пустой"), 3));
-  EXPECT_EQ(Shown(s1_, Column(L"Пустой")), L"i:3");
-  EXPECT_EQ(Shown(s2_, Column(L"Пустой")), L"-");
-  EXPECT_EQ(StoredSizeValues(folderId_, 29), Texts{L"S1=3||"});
 }
 
 TEST_F(Values, AColumnOfAnotherTableIsRefusedAndTheViewCleared) {
@@ -169,17 +166,14 @@ TEST_F(Values, WritingOneSizeSpellsTheCommonValueOutForEverySize) {
   // Another write moves nothing more.
   ASSERT_TRUE(stdsize_SetValueI(s2_, Column(L"Длина"), 13));
   EXPECT_EQ(StoredSizeValues(folderId_, 21), (Texts{L"S1=12||", L"S2=13||", L"S3=10||"}));
-}
-
-TEST_F(Values, RemovingAfterTheSpellingOutLeavesTheNeighbours) {
-  ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Длина"), 12));
+  // A removal after the spelling out leaves the neighbours.
   ASSERT_TRUE(stdsize_RemoveValue(s1_, Column(L"Длина")));
-  EXPECT_EQ(StoredSizeValues(folderId_, 21), (Texts{L"S2=10||", L"S3=10||"}));
+  EXPECT_EQ(StoredSizeValues(folderId_, 21), (Texts{L"S2=13||", L"S3=10||"}));
   EXPECT_EQ(StoredCommonValue(21), L"<null>");
-  EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"-", L"i:10", L"i:10"}));
+  EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"-", L"i:13", L"i:10"}));
   // After a load the template's record holds its type's default again.
   Walk();
-  EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:0", L"i:10", L"i:10"}));
+  EXPECT_EQ(ShownByAll(L"Длина"), (Texts{L"i:0", L"i:13", L"i:10"}));
 }
 
 TEST_F(Values, RemovingFromACommonValueSpellsItOutFirst) {
@@ -191,14 +185,12 @@ TEST_F(Values, RemovingFromACommonValueSpellsItOutFirst) {
   EXPECT_EQ(ShownByAll(L"Марка"), (Texts{L"s:Ст3", L"s:", L"s:Ст3"}));
 }
 
-TEST_F(Values, ADefaultOnlyRecordMovesNoRows) {
+TEST_F(Values, EachSetterWritesItsOwnColumn) {
+  // A record with only its type's default moves no rows.
   ASSERT_EQ(StoredCommonValue(24), L"<null>");
   ASSERT_TRUE(stdsize_SetValueI(s1_, Column(L"Диаметр"), 5));
   EXPECT_EQ(StoredSizeValues(folderId_, 24), (Texts{L"S1=5||", L"S2=8||"}));
   EXPECT_EQ(Shown(s1_, Column(L"Диаметр")), L"i:5");
-}
-
-TEST_F(Values, EachSetterWritesItsOwnColumn) {
   ASSERT_TRUE(stdsize_SetValueD(s1_, Column(L"Шаг"), 1.75));
   ASSERT_TRUE(stdsize_SetValueS(s1_, Column(L"Примечание"), L"новое"));
   EXPECT_EQ(StoredSizeValues(folderId_, 25), Texts{L"S1=|1.750|"});
@@ -208,7 +200,7 @@ TEST_F(Values, EachSetterWritesItsOwnColumn) {
   // The kind is not checked against the column's type: a text on an integer
   // column is stored as text, and a load reads the integer column of it.
   ASSERT_TRUE(stdsize_SetValueS(s2_, Column(L"Диаметр"), L"abc"));
-  EXPECT_EQ(StoredSizeValues(folderId_, 24), Texts{L"S2=||abc"});
+  EXPECT_EQ(StoredSizeValues(folderId_, 24), (Texts{L"S1=5||", L"S2=||abc"}));
   EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"s:abc");
   Walk();
   EXPECT_EQ(Shown(s2_, Column(L"Диаметр")), L"i:0");
@@ -273,7 +265,7 @@ TEST_F(Values, ASizeWhoseTemplateLacksTheColumnIsRefused) {
   EXPECT_EQ(StoredSizeValues(folderId_, 25), Texts{});
 }
 
-TEST_F(Values, NullHandlesAndTextsAreRefusedByTheFrame) {
+TEST_F(Values, NullHandlesAndTextsAreRefusedByTheFrameAndTheIdentifierAlways) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_FAILS(stdsize_SetValueI(nullptr, length, 1),
                "Передан нулевой указатель на объект stdSize (fun: stdsize_SetValueI)");
@@ -284,9 +276,7 @@ TEST_F(Values, NullHandlesAndTextsAreRefusedByTheFrame) {
                "Передан нулевой указатель на объект attribute (fun: stdsize_GetValue)");
   EXPECT_FAILS(stdsize_SetValueS(s1_, Column(L"Марка"), nullptr));
   EXPECT_NE(StoredCommonValue(23), L"<null>");
-}
-
-TEST_F(Values, TheIdentifierCannotBeSet) {
+  // The identifier cannot be set at all.
   EXPECT_FAILS(stdsize_SetID(s1_, L"S9"), " (fun: stdsize_SetID) Неизвестное исключение");
   EXPECT_FAILS(stdsize_SetID(s1_, nullptr));
   EXPECT_STREQ(stdsize_GetID(s1_), L"S1");

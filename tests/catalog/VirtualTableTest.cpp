@@ -60,13 +60,11 @@ TEST_F(VirtualTables, AColumnGoesToThisTablesTemplatesOnly) {
   EXPECT_EQ(Shown(table_FindStdSize(first_, L"В1"), added), L"d:0");
 }
 
-TEST_F(VirtualTables, ASizeTakesValuesOfItsOwn) {
+TEST_F(VirtualTables, ASizeTakesValuesOfItsOwnAndCanBeSplitOff) {
   ASSERT_TRUE(stdsize_SetValueI(packet_FindStdSize(packet_, L"В1"), length_, 5));
   EXPECT_EQ(StoredSizeValues(groups_, 21), (Texts{L"В1=5||", L"В3=1||"}));
   EXPECT_EQ(Shown(packet_FindStdSize(packet_, L"В1"), length_), L"i:5");
-}
-
-TEST_F(VirtualTables, ASizeCanBeSplitOffItsTemplate) {
+  // A size can be split off its template.
   LxStdSize* size = packet_FindStdSize(packet_, L"В3");
   CFolderTable* table = Obj(first_);
   ASSERT_TRUE(Captured([&] { return CallFrame("test").Call([&] { return table->CreateTemplateFor(Obj(size)); }); })
@@ -79,7 +77,7 @@ TEST_F(VirtualTables, ASizeCanBeSplitOffItsTemplate) {
   EXPECT_EQ(Shown(size, length_), L"i:1");
 }
 
-TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
+TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMakeButItsIdIsTaken) {
   const std::int32_t objects = Count(L"OBJECT");
   EXPECT_FAILS(table_AddStdSize(first_, L"Новый"),
                "Для виртуальных фолдеров создание темплейтов невозможно "
@@ -90,9 +88,13 @@ TEST_F(VirtualTables, ASizeNeedsATemplateThatAVirtualTableCannotMake) {
   EXPECT_EQ(Count(L"OBJECT"), objects);
   EXPECT_EQ(Count(L"STANDARDSIZE WHERE IDENTIFIER = 'Новый'"), 0);
   EXPECT_EQ(SizeIds(first_), (Texts{L"В1", L"В3"}));
+  // The identifiers of a virtual table's sizes are taken in the packet.
+  LxStdSize* size = table_AddStdSize(table_, L"В1");
+  ASSERT_NE(size, nullptr);
+  EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
 }
 
-TEST_F(VirtualTables, DeletingAColumnIsRefused) {
+TEST_F(VirtualTables, DeletingAColumnAndSettingATypeAreRefusedWithTwoMessages) {
   EXPECT_FAILS(table_DeleteAttribute(first_, length_),
                "Для виртуальных фолдеров удаление атрибутов невозможно "
                "[TableOperation::DeleteAttribute]",
@@ -100,21 +102,12 @@ TEST_F(VirtualTables, DeletingAColumnIsRefused) {
                "[CFolderTable::_DeleteAttribute]");
   EXPECT_EQ(Stored(groups_, 21, L"oa.OBJECTID"), (Texts{L"701", L"702"}));
   EXPECT_EQ(ColumnNames(first_), (Texts{L"Длина", L"Вычисл"}));
-}
-
-TEST_F(VirtualTables, ATypeIsRefusedWithTwoMessages) {
   LxStdSize* size = packet_FindStdSize(packet_, L"В1");
   EXPECT_FAILS(stdsize_SetType(size, L"ELEMENT"),
                "Для виртуальных фолдеров нелья задать тип [TableOperation::SetTemplateType]",
                "Проблема задания типа типоразмера в базе [CStandartSize::_SetType]");
   EXPECT_STREQ(stdsize_GetType(size), L"SEGMENT");
   EXPECT_EQ(Sql().Int(L"SELECT OBJECTTYPEID FROM OBJECT WHERE ID = 701"), 1);
-}
-
-TEST_F(VirtualTables, IdentifiersOfVirtualTablesAreTaken) {
-  LxStdSize* size = table_AddStdSize(table_, L"В1");
-  ASSERT_NE(size, nullptr);
-  EXPECT_STREQ(stdsize_GetID(size), L"В1 (0)");
 }
 
 TEST_F(VirtualTables, EveryColumnWriteIsRefusedWithTwoMessages) {

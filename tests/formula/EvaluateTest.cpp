@@ -194,9 +194,7 @@ TEST(EvaluationOrder, ReadsWhatEachNodeNeedsInOrder) {
     Parse(c.entry, c.text)->Evaluate(result, source, kDefaultNumberFormat);
     EXPECT_EQ(source.Reads(), c.reads);
   }
-}
-
-TEST(EvaluationOrder, RoundEvaluatesEveryArgumentBeforeRefusingTheCount) {
+  // Round evaluates every argument before it refuses their count.
   FakeFormulaSource source = MakeCatalogSource();
   Value result;
   EXPECT_THROW(ParseTextFormula(L"{R(A1,A2,A3)}")->Evaluate(result, source, kDefaultNumberFormat), FormulaError);
@@ -209,7 +207,7 @@ struct FormatCase {
   Value expected;
 };
 
-TEST(EvaluationFormat, JoinedTextUsesTheCallersFormat) {
+TEST(EvaluationFormat, JoinedTextAndTheDataSourceGetTheCallersFormat) {
   const FormatCase cases[] = {
       {L"x{A14}", NumberFormat{false, 0}, Value{L"x7"}}, {L"x{A4}", NumberFormat{true, 2}, Value{L"x2"}},
       {L"x{A5}", NumberFormat{false, 4}, Value{L"x2,5000"}},
@@ -223,9 +221,7 @@ TEST(EvaluationFormat, JoinedTextUsesTheCallersFormat) {
     Value result;
     EXPECT_TRUE(SameValue(ParseTextFormula(c.text)->Evaluate(result, source, c.format), c.expected));
   }
-}
-
-TEST(EvaluationFormat, ReachesTheDataSource) {
+  // The format reaches the data source too.
   FakeFormulaSource source = MakeCatalogSource();
   const NumberFormat format{true, 5};
   Value result;
@@ -260,9 +256,7 @@ TEST(WriteThrough, OnlyAReferenceByNumberPassesAWriteOn) {
   EXPECT_FALSE(condition->CanEditValue());
   EXPECT_FALSE(condition->SetValue(source, Value{1}));
   EXPECT_TRUE(source.Writes().empty());
-}
-
-TEST(WriteThrough, WritesTheValueToTheReferredNumberAndReportsTheSourcesAnswer) {
+  // The write goes to the referred number; the source's answer is the result.
   FormulaPtr alias = ParseTextFormula(L"{A21}");
   for (const bool accepts : {true, false}) {
     FakeFormulaSource source = MakeCatalogSource();
@@ -294,10 +288,6 @@ TEST(RoundHalfAway, HalvesGoAwayFromZero) {
   EXPECT_TRUE(std::isnan(RoundHalfAway(std::nan(""), 2)));
 }
 
-}  // namespace
-
-namespace {
-
 // A chain "{1+1+...+1}" of `terms` ones nests one level per operator.
 std::wstring ChainOfOnes(int terms) {
   std::wstring text = L"{1";
@@ -305,16 +295,12 @@ std::wstring ChainOfOnes(int terms) {
   return text + L"}";
 }
 
-TEST(NestingLimit, DeepButReasonableFormulasStillWork) {
+TEST(NestingLimit, DeepFormulasWorkButTextsThatWouldExhaustTheStackAreRefused) {
   FakeFormulaSource source;
   Value result;
-  FormulaPtr tree = ParseTextFormula(ChainOfOnes(900));
-  tree->Evaluate(result, source, kDefaultNumberFormat);
+  ParseTextFormula(ChainOfOnes(900))->Evaluate(result, source, kDefaultNumberFormat);
   ASSERT_TRUE(IsInteger(result));
   EXPECT_EQ(std::get<int32_t>(result), 900);
-}
-
-TEST(NestingLimit, TextsThatWouldExhaustTheStackAreRefused) {
   for (const std::wstring& text : {ChainOfOnes(5000), L"{" + std::wstring(4000, L'-') + L"1}",
                                    L"{R(" + std::wstring(4000, L'-') + L"1,1)}"}) {
     try {

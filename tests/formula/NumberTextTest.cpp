@@ -49,9 +49,7 @@ TEST(DoubleToText, CutsPadsAndTrimsTheFraction) {
                                     << " trim " << c.trimZeros);
     EXPECT_EQ(DoubleToText(c.number, c.precision, c.comma, c.trimZeros), c.expected);
   }
-}
-
-TEST(DoubleToText, PrintsTheLargestDoubleInFull) {
+  // The largest double is printed in full.
   const std::wstring text = DoubleToText(DBL_MAX, 2, true, false);
   EXPECT_EQ(text.size(), 309u + 3u);
   EXPECT_EQ(text.substr(0, 6), L"179769");

@@ -14,6 +14,9 @@ TEST(Process, ExitCodeComesBack) {
   EXPECT_EQ(RunAndWait(LR"(/bin/sh -c "kill -TERM $$")"), 128 + 15);
   // Backslashes in the program's path are separators.
   EXPECT_EQ(RunAndWait(LR"(\bin\sh -c "exit 4")"), 4);
+  // A program that cannot start has no exit code.
+  EXPECT_EQ(RunAndWait(L"/no/such/program --flag"), std::nullopt);
+  EXPECT_EQ(RunAndWait(L""), std::nullopt);
 }
 
 TEST(Process, ArgumentsArriveAsSplit) {
@@ -26,11 +29,6 @@ TEST(Process, ArgumentsArriveAsSplit) {
   std::string written;
   std::getline(file, written);
   EXPECT_EQ(written, R"(two words|back\slash|)");
-}
-
-TEST(Process, MissingProgramCannotStart) {
-  EXPECT_EQ(RunAndWait(L"/no/such/program --flag"), std::nullopt);
-  EXPECT_EQ(RunAndWait(L""), std::nullopt);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ TEST(Cp1251, EveryAssignedByteRoundTrips) {
   EXPECT_EQ(WideToCp1251(wide), all);
 }
 
-TEST(Cp1251, KnownCharactersMapToTheirBytes) {
+TEST(Cp1251, KnownCharactersMapToTheirBytesAndOthersAreDropped) {
   struct Case {
     std::wstring wide;
     std::string bytes;
@@ -29,21 +29,17 @@ TEST(Cp1251, KnownCharactersMapToTheirBytes) {
     EXPECT_EQ(WideToCp1251(c.wide), c.bytes);
     EXPECT_EQ(Cp1251ToWide(c.bytes), c.wide);
   }
-}
-
-TEST(Cp1251, CharactersOutsideArePreciselyDropped) {
+  // Characters outside are precisely dropped.
   EXPECT_EQ(WideToCp1251(L"a\u4E2Db\U0001F600c\u00E9"), "abc");
   EXPECT_EQ(Cp1251ToWide("x\x98y"), L"xy");
 }
 
-TEST(Utf8, RoundTripsEveryPlane) {
+TEST(Utf8, RoundTripsEveryPlaneAndReplacesMalformedInput) {
   const std::wstring text = L"ascii Кириллица \u20AC \U0001F600 \u07FF\u0800\uFFFD";
   EXPECT_EQ(Utf8ToWide(WideToUtf8(text)), text);
   EXPECT_EQ(WideToUtf8(L"Ж"), "\xD0\x96");
   EXPECT_EQ(WideToUtf8(L"\U0001F600"), "\xF0\x9F\x98\x80");
-}
-
-TEST(Utf8, MalformedInputBecomesReplacementCharacters) {
+  // Malformed input becomes replacement characters.
   struct Case {
     std::string bytes;
     std::wstring wide;
