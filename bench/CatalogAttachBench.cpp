@@ -80,8 +80,8 @@ class AttachBenchOperation : public BaseOperation {
 
 // The generated catalog, made at first use and removed with its folder when
 // the run ends.
-const bench::GeneratedCatalog& LargeCatalog() {
-  static const bench::GeneratedCatalog catalog("bench-catalog-attach", [] {
+const lxtest::GeneratedCatalog& LargeCatalog() {
+  static const lxtest::GeneratedCatalog catalog("bench-catalog-attach", [] {
     CatalogShape shape;
     shape.packets = kPackets;
     shape.totalFolders = kFolders;
@@ -97,7 +97,7 @@ void CountRows(benchmark::State& state, std::int64_t rowsPerIteration) {
 }
 
 void BM_PoolAddProvider(benchmark::State& state) {
-  const bench::GeneratedCatalog& catalog = LargeCatalog();
+  const lxtest::GeneratedCatalog& catalog = LargeCatalog();
   for (auto _ : state) {
     LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogAttachBench", L"/bench/catalog-attach.ulb");
     LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
@@ -111,7 +111,7 @@ void BM_PoolAddProvider(benchmark::State& state) {
 BENCHMARK(BM_PoolAddProvider)->Unit(benchmark::kMillisecond);
 
 void BM_ReloadProvider(benchmark::State& state) {
-  const bench::GeneratedCatalog& catalog = LargeCatalog();
+  const lxtest::GeneratedCatalog& catalog = LargeCatalog();
   LxProviderPool* pool = lxAddLibraryProviderPool(L"CatalogReloadBench", L"/bench/catalog-reload.ulb");
   LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
   if (provider == nullptr) state.SkipWithError("attach failed");
@@ -124,7 +124,7 @@ void BM_ReloadProvider(benchmark::State& state) {
 BENCHMARK(BM_ReloadProvider)->Unit(benchmark::kMillisecond);
 
 void BM_StorageLayerSelects(benchmark::State& state) {
-  const bench::GeneratedCatalog& catalog = LargeCatalog();
+  const lxtest::GeneratedCatalog& catalog = LargeCatalog();
   CDataProvider provider(L"", catalog.Path(), kUser, kPassword);
   std::int64_t rows = 0;
   for (auto _ : state) rows = AttachBenchOperation(&provider).ReadPacketsAndFolders();
@@ -138,10 +138,10 @@ void BM_ClientSelects(benchmark::State& state) {
   const std::string path = WideToUtf8(LargeCatalog().Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
-    bench::ClientAttachment attachment(path);
-    bench::ClientTransaction transaction(attachment);
-    rows = bench::ClientQuery(attachment, transaction, AttachBenchOperation::kPacketQuery).Run() +
-           bench::ClientQuery(attachment, transaction, AttachBenchOperation::kFolderQuery).Run();
+    lxtest::ClientAttachment attachment(path);
+    lxtest::ClientTransaction transaction(attachment);
+    rows = lxtest::ClientQuery(attachment, transaction, AttachBenchOperation::kPacketQuery).Run() +
+           lxtest::ClientQuery(attachment, transaction, AttachBenchOperation::kFolderQuery).Run();
   }
   CountRows(state, rows);
 }
@@ -152,8 +152,8 @@ BENCHMARK(BM_ClientSelects)->Unit(benchmark::kMillisecond);
 void BM_ClientAttachOnly(benchmark::State& state) {
   const std::string path = WideToUtf8(LargeCatalog().Path());
   for (auto _ : state) {
-    bench::ClientAttachment attachment(path);
-    bench::ClientTransaction transaction(attachment);
+    lxtest::ClientAttachment attachment(path);
+    lxtest::ClientTransaction transaction(attachment);
   }
 }
 BENCHMARK(BM_ClientAttachOnly)->Unit(benchmark::kMillisecond);

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <stdexcept>
 
-namespace bench {
+namespace lxtest {
 namespace {
 
 void Check(const ISC_STATUS* status, const char* what) {
@@ -135,4 +135,4 @@ std::int64_t ClientQuery::FetchAll() {
   return rows;
 }
 
-}  // namespace bench
+}  // namespace lxtest

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace bench {
+namespace lxtest {
 
 class ClientAttachment {
  public:
@@ -63,4 +63,4 @@ class ClientQuery {
   short parameterNull_ = 0;
 };
 
-}  // namespace bench
+}  // namespace lxtest

@@ -8,7 +8,7 @@
 #include "platform/TextCodec.h"
 #include "storage/EmptyCatalogImage.h"
 
-namespace bench {
+namespace lxtest {
 
 GeneratedCatalog::GeneratedCatalog(const std::string& name, const CatalogShape& shape) {
   std::string pattern = (std::filesystem::temp_directory_path() / (name + "-XXXXXX")).string();
@@ -27,4 +27,4 @@ GeneratedCatalog::~GeneratedCatalog() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-}  // namespace bench
+}  // namespace lxtest

@@ -8,7 +8,7 @@
 
 #include "tools/CatalogGenerator/CatalogGenerator.h"
 
-namespace bench {
+namespace lxtest {
 
 class GeneratedCatalog {
  public:
@@ -26,4 +26,4 @@ class GeneratedCatalog {
   CatalogCounts written_;
 };
 
-}  // namespace bench
+}  // namespace lxtest

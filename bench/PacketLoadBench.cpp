@@ -42,8 +42,8 @@ constexpr const char* kSizeValues =
     "CONCRETEVALUE CV ON CV.ID = AV.CONCRETEVALUEID WHERE O.PACKETID = ?";
 
 // One generated catalog per packet size, made at first use.
-const bench::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
-  static std::map<std::int32_t, std::unique_ptr<bench::GeneratedCatalog>> catalogs;
+const lxtest::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
+  static std::map<std::int32_t, std::unique_ptr<lxtest::GeneratedCatalog>> catalogs;
   auto& catalog = catalogs[sizes];
   if (!catalog) {
     CatalogShape shape;
@@ -53,7 +53,7 @@ const bench::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
     shape.sizesPerPacket = sizes;
     shape.attributes = kAttributes;
     shape.idSpecification = false;
-    catalog = std::make_unique<bench::GeneratedCatalog>("bench-packet-load", shape);
+    catalog = std::make_unique<lxtest::GeneratedCatalog>("bench-packet-load", shape);
   }
   return *catalog;
 }
@@ -63,7 +63,7 @@ long AllocatedBytes() { return static_cast<long>(mallinfo2().uordblks); }
 
 void BM_LibraryPacketLoad(benchmark::State& state) {
   const auto sizes = static_cast<std::int32_t>(state.range(0));
-  const bench::GeneratedCatalog& catalog = PacketCatalog(sizes);
+  const lxtest::GeneratedCatalog& catalog = PacketCatalog(sizes);
   LxProviderPool* pool = lxAddLibraryProviderPool(L"PacketLoadBench", L"/bench/packet-load.ulb");
   LxDataProvider* provider = pool_AddProvider(pool, L"", catalog.Path().c_str(), kUser, kPassword);
   if (provider == nullptr) {
@@ -94,11 +94,11 @@ void BM_DirectWholePacketQueries(benchmark::State& state) {
   const std::string path = WideToUtf8(PacketCatalog(sizes).Path());
   std::int64_t rows = 0;
   for (auto _ : state) {
-    bench::ClientAttachment attachment(path);
-    bench::ClientTransaction transaction(attachment);
+    lxtest::ClientAttachment attachment(path);
+    lxtest::ClientTransaction transaction(attachment);
     rows = 0;
     for (const char* sql : {kTemplates, kTemplateAttributes, kSizes, kSizeValues}) {
-      rows += bench::ClientQuery(attachment, transaction, sql).Run(1);
+      rows += lxtest::ClientQuery(attachment, transaction, sql).Run(1);
     }
   }
   state.counters["rows"] = static_cast<double>(rows);

@@ -30,7 +30,7 @@ constexpr std::int32_t kSizesPerFolder = 500;
 constexpr const wchar_t* kCondition = L"Параметр 21>=100 && Параметр 23==\"сталь*\"";
 
 struct LoadedCatalog {
-  std::unique_ptr<bench::GeneratedCatalog> file;
+  std::unique_ptr<lxtest::GeneratedCatalog> file;
   LxProviderPool* pool = nullptr;
   LxPacket* packet = nullptr;
   std::int32_t sizes = 0;
@@ -45,7 +45,7 @@ LoadedCatalog& Catalog(std::int32_t folders) {
     shape.fanOut = folders;
     shape.sizesPerTemplate = kSizesPerFolder;
     shape.attributes = 10;
-    catalog.file = std::make_unique<bench::GeneratedCatalog>("bench-search", shape);
+    catalog.file = std::make_unique<lxtest::GeneratedCatalog>("bench-search", shape);
     const std::wstring name = L"bench-search-" + std::to_wstring(folders);
     catalog.pool = lxAddLibraryProviderPool(name.c_str(), L"");
     LxDataProvider* provider = pool_AddProvider(catalog.pool, L"", catalog.file->Path().c_str(), L"SYSDBA", L"");
