@@ -112,9 +112,8 @@ class Search : public ::testing::Test {
 
   // The search fails with exactly this one message.
   static void ExpectRefused(const wchar_t* packets, const wchar_t* query, const std::string& message) {
-    auto [result, writes] = Captured([&] { return pool_GetSearchResult(catalog_->pool, packets, query); });
-    EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({message})}) << testing::PrintToString(std::wstring(packets));
+    EXPECT_FAILS(pool_GetSearchResult(catalog_->pool, packets, query), message)
+        << testing::PrintToString(std::wstring(packets));
   }
 
   static LxFolder* MainRoot() { return packet_GetRootFolder(provider_GetPacketByName(catalog_->main, L"Отводы")); }
@@ -212,12 +211,10 @@ TEST_F(Search, RefusalsAndTheirMessages) {
                 "Отсутствует фолдер 'Нет' в дорожке 'Отводы\\Папка1\\Нет' [CSearchHelper::_Run]");
   ExpectRefused(L"Отводы", L"Диаметр", " (fun: pool_GetSearchResult) Неизвестное исключение");
   ExpectRefused(L"Отводы", L"   ", " (fun: pool_GetSearchResult) Неизвестное исключение");
-  for (const wchar_t* query : {L"", L"Диаметр", L"   "}) {
-    auto [result, writes] = Captured([&] { return pool_GetSearchResult2(pool, query); });
-    EXPECT_EQ(result, nullptr);
-    EXPECT_EQ(writes, Writes{FlushText({*query == L'\0' ? "Требуется передать не пустой запрос "
-                                                          "[CSearchResult2::_CreateSearchResult2]"
-                                                        : " (fun: pool_GetSearchResult2) Неизвестное исключение"})});
+  EXPECT_FAILS(pool_GetSearchResult2(pool, L""),
+               "Требуется передать не пустой запрос [CSearchResult2::_CreateSearchResult2]");
+  for (const wchar_t* query : {L"Диаметр", L"   "}) {
+    EXPECT_FAILS(pool_GetSearchResult2(pool, query), " (fun: pool_GetSearchResult2) Неизвестное исключение");
   }
   auto [nulls, nullWrites] = Captured([&] {
     return pool_GetSearchResult(pool, nullptr, L"Диаметр>0") == nullptr &&
@@ -231,9 +228,7 @@ TEST_F(Search, ResultsAndConditionsAtTheirEdges) {
   LxSearchResult* empty = pool_GetSearchResult(catalog_->pool, L"Отводы", L"Диаметр>100000");
   ASSERT_NE(empty, nullptr) << "nothing found is a result, not a failure";
   EXPECT_EQ(search_GetCount(empty), 0);
-  auto [outside, writes] = Captured([&] { return search_Get(empty, -1); });
-  EXPECT_EQ(outside, nullptr);
-  EXPECT_EQ(writes, Writes{FlushText({"Индекс -1 выходит за пределы диапазона [0, 0) [CSearchResult::_Get]"})});
+  EXPECT_FAILS(search_Get(empty, -1), "Индекс -1 выходит за пределы диапазона [0, 0) [CSearchResult::_Get]");
 
   // A condition belongs to no pool and no catalog.
   LxProviderPool* elsewhere = lxAddLibraryProviderPool(L"SearchElsewhere", L"/lib/elsewhere.ulb");
