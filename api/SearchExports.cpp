@@ -14,6 +14,13 @@ CSearchHelper::PacketLookup PacketsOf(const CProviderPool* pool) {
   return [pool](const std::wstring& name) { return pool->FindPacket(name); };
 }
 
+// Destroys what the client owned through a handle.
+template <typename Object>
+bool Destroy(Object* object) {
+  std::unique_ptr<Object> owned(object);
+  return true;
+}
+
 }  // namespace
 
 LX_API LxSearchResult* pool_GetSearchResult(LxProviderPool* pool, const wchar_t* packets, const wchar_t* query) {
@@ -33,7 +40,7 @@ LX_API LxStdSize* search_Get(LxSearchResult* search, int32_t index) {
 // The result need not come from this pool: the pool keeps no list of them.
 LX_API bool pool_DeleteSearchResult(LxProviderPool* pool, LxSearchResult* searchResult) {
   return CallFrame("pool_DeleteSearchResult").Handle(pool, "pool").Handle(searchResult, "searchResult").Call([&] {
-    return std::unique_ptr<CSearchResult>(Obj(searchResult)) != nullptr;
+    return Destroy(Obj(searchResult));
   });
 }
 
@@ -51,6 +58,6 @@ LX_API bool search2_Check(LxSearchResult2* search, LxStdSize* stdSize) {
 
 LX_API bool pool_DeleteSearchResult2(LxProviderPool* pool, LxSearchResult2* searchResult) {
   return CallFrame("pool_DeleteSearchResult2").Handle(pool, "pool").Handle(searchResult, "searchResult").Call([&] {
-    return std::unique_ptr<CSearchResult2>(Obj(searchResult)) != nullptr;
+    return Destroy(Obj(searchResult));
   });
 }
