@@ -21,6 +21,7 @@
 #include "catalog/CFolderTable.h"
 #include "catalog/CPacket.h"
 #include "catalog/CTemplate.h"
+#include "search/CSearchHelper.h"
 #include "search/CSearchResult2.h"
 
 namespace {
@@ -58,12 +59,8 @@ LoadedCatalog& Catalog(std::int32_t folders) {
 // The sizes in the order the search meets them: folders level by level,
 // templates in table order, sizes in template order.
 std::vector<CStandartSize*> SizesInSearchOrder(LxPacket* packet) {
-  std::vector<CFolder*> folders{Obj(packet)->GetRootFolder()};
-  for (std::size_t f = 0; f < folders.size(); ++f) {
-    for (std::size_t c = 0; c < folders[f]->ChildCount(); ++c) folders.push_back(folders[f]->Child(c));
-  }
   std::vector<CStandartSize*> sizes;
-  for (CFolder* folder : folders) {
+  for (CFolder* folder : CSearchHelper::FolderList(Obj(packet)->GetRootFolder())) {
     const CFolderTable& table = *folder->_GetTable();
     for (std::size_t t = 0; t < table.TemplateCount(); ++t) {
       for (std::size_t s = 0; s < table.Template(t)->SizeCount(); ++s) sizes.push_back(table.Template(t)->Size(s));

@@ -46,10 +46,11 @@ class CSearchHelper {
   static void SearchInFolders(const std::vector<CFolder*>& folders, const CFormula& condition,
                               std::vector<CStandartSize*>& found);
 
+  // The folder and every folder below it, level by level, each one's
+  // packet loaded on the way: the order in which a search meets folders.
+  static std::vector<CFolder*> FolderList(CFolder* top);
+
  private:
   // The folder an item names, its packet loaded; null with a report.
   static CFolder* FindItemFolder(const PacketLookup& findPacket, const std::wstring& item);
-  // The folder and every folder below it, level by level, each one's
-  // packet loaded on the way.
-  static std::vector<CFolder*> FolderList(CFolder* top);
 };
