@@ -14,6 +14,9 @@ class CFolderTable;
 class CAttribute;
 class CStandartSize;
 class CSearchResult;
+class CStdModel;
+class CStdPrj;
+class CStdProjs;
 class CSearchResult2;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
@@ -27,6 +30,9 @@ LX_BIND_HANDLE(LxFolder, CFolder)
 LX_BIND_HANDLE(LxFolderTable, CFolderTable)
 LX_BIND_HANDLE(LxAttribute, CAttribute)
 LX_BIND_HANDLE(LxStdSize, CStandartSize)
+LX_BIND_HANDLE(LxModel, CStdModel)
+LX_BIND_HANDLE(LxProjections, CStdProjs)
+LX_BIND_HANDLE(LxProjection, CStdPrj)
 LX_BIND_HANDLE(LxSearchResult, CSearchResult)
 LX_BIND_HANDLE(LxSearchResult2, CSearchResult2)
 

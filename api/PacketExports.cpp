@@ -43,3 +43,15 @@ LX_API LxStdSize* packet_FindStdSize(LxPacket* packet, const wchar_t* identifier
     return ToHandle(Obj(packet)->FindStdSize(std::wstring(Required(identifier))));
   });
 }
+
+LX_API bool packet_CacheData(LxPacket* packet) {
+  return CallFrame("packet_CacheData").Handle(packet, "packet").Call([&] {
+    return Obj(packet)->GetProvider()->_CacheData(Obj(packet));
+  });
+}
+
+LX_API bool packet_ClearDataCache(LxPacket* packet) {
+  return CallFrame("packet_ClearDataCache").Handle(packet, "packet").Call([&] {
+    return Obj(packet)->GetProvider()->_ClearDataCache(Obj(packet));
+  });
+}

@@ -8,6 +8,8 @@
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
+#include "content/CStdModel.h"
+#include "content/CStdProjs.h"
 #include "formula/NumberText.h"
 
 namespace {
@@ -108,5 +110,17 @@ LX_API bool stdsize_SetType(LxStdSize* stdSize, const wchar_t* type) {
 LX_API int32_t stdsize_GetTemplateID(LxStdSize* stdSize) {
   return CallFrame("stdsize_GetTemplateID").Handle(stdSize, "stdSize").Call([&] {
     return Obj(stdSize)->GetTemplate()->GetId();
+  });
+}
+
+LX_API LxModel* stdsize_GetModel(LxStdSize* stdSize) {
+  return CallFrame("stdsize_GetModel").Handle(stdSize, "stdSize").Call([&] {
+    return ToHandle(CStdModel::Of(Obj(stdSize)));
+  });
+}
+
+LX_API LxProjections* stdsize_GetProjections(LxStdSize* stdSize) {
+  return CallFrame("stdsize_GetProjections").Handle(stdSize, "stdSize").Call([&] {
+    return ToHandle(CStdProjs::Of(Obj(stdSize)));
   });
 }

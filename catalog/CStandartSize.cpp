@@ -19,3 +19,8 @@ bool CStandartSize::_SetType(const std::wstring& type) {
   ownerTemplate_->SetType(type);
   return true;
 }
+
+bool CStandartSize::SameAs(const CStandartSize& other) const {
+  return this == &other || (id_ == other.id_ && identifier_ == other.identifier_ &&
+                            ownerTemplate_ == other.ownerTemplate_ && values_ == other.values_);
+}

@@ -8,11 +8,14 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <unordered_map>
 
 #include "formula/Value.h"
 
+class CStdModel;
+class CStdProjs;
 class CTemplate;
 
 class CStandartSize {
@@ -38,10 +41,22 @@ class CStandartSize {
   // Sets the object type of the template, which all its sizes share.
   bool _SetType(const std::wstring& type);
 
+  // The model and projection list of this size, made by the content layer
+  // on first request and kept for the size's life. Held as shared pointers
+  // only so that their deleters are bound where they are made: the catalog
+  // owns them without seeing their classes.
+  std::shared_ptr<CStdModel>& ModelSlot() { return model_; }
+  std::shared_ptr<CStdProjs>& ProjectionsSlot() { return projections_; }
+
+  // Sizes compare by value: id, identifier, template and own values.
+  bool SameAs(const CStandartSize& other) const;
+
  private:
   std::int32_t id_;
   std::wstring identifier_;
   CTemplate* ownerTemplate_;
   std::unordered_map<std::int32_t, Value> values_;
   std::map<std::int32_t, Value> calculated_;
+  std::shared_ptr<CStdModel> model_;
+  std::shared_ptr<CStdProjs> projections_;
 };

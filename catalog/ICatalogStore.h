@@ -21,10 +21,16 @@ class CFolderTable;
 class CPacket;
 class CStandartSize;
 class CTemplate;
+class IContentStore;
 
 class ICatalogStore {
  public:
   virtual ~ICatalogStore() = default;
+
+  // The same database as the content hanging on sizes sees it: models,
+  // projections, files. Declared by the content classes, which reach it
+  // through their size's table.
+  virtual IContentStore& Content() = 0;
 
   // Reads everything below the folders of the packet into memory.
   virtual bool LoadPacket(CPacket* packet) = 0;

@@ -86,6 +86,7 @@ bool CDataProvider::_ClearPacketCache(CPacket* packet) {
     Report(L"Передан нулевой указатель на пакет", "CDataProvider::_ClearPacketCache");
     return false;
   }
+  packetThumbnails_.erase(packet->GetId());
   std::vector<std::unique_ptr<CPacket>> removed;
   for (auto& owned : packets_) {
     if (owned.get() == packet) removed.push_back(std::move(owned));
@@ -126,6 +127,7 @@ const wchar_t* CDataProvider::_GetParam(const std::wstring& name, const std::wst
 }
 
 void CDataProvider::ClearCaches() {
+  ClearContent();
   packets_.clear();
   attributeNames_.clear();
   attributeDescriptions_.clear();

@@ -14,9 +14,14 @@
 #include <string>
 #include <vector>
 
+#include "content/ByteData.h"
+#include "content/ModelInfo.h"
 #include "storage/ProviderCatalogStore.h"
+#include "storage/ProviderContentStore.h"
 
 class CPacket;
+class CStdModel;
+class CStdPrj;
 
 class CDataProvider {
  public:
@@ -29,6 +34,7 @@ class CDataProvider {
   // The catalog's database as the packets and folders of this provider reach
   // it; lives as long as the provider.
   ICatalogStore& Store() { return store_; }
+  IContentStore& Content() { return content_; }
 
   // Fixed for the provider's life.
   const std::wstring& GetServerName() const { return server_; }
@@ -64,8 +70,23 @@ class CDataProvider {
   const wchar_t* _GetParam(const std::wstring& name, const std::wstring& tag);
 
   // Drops everything read from the catalog: packets, dictionaries,
-  // parameters. Only the connection strings stay.
+  // parameters, and the content with the files written for it. Only the
+  // connection strings and the packets' cached thumbnails stay.
   void ClearCaches();
+
+  // Content, read from the catalog once per id for the provider's life. The
+  // files stay until ClearCaches; the slots hold the last thumbnail asked
+  // for, whose bytes stay valid until the next one of their kind.
+  const ModelInfo* GetModelInfo(CStdModel* model);
+  const std::wstring* _GetFragmentFile(CStdPrj* projection);
+  const ByteData* GetModelIcon(std::int32_t modelId);
+  // From the packet's cached thumbnails, else the slot.
+  const ByteData* GetFragmentIcon(std::int32_t packetId, std::int32_t fragmentId);
+
+  // Every fragment thumbnail of the packet, read at once and kept until
+  // dropped again; a client browsing the packet then reads none singly.
+  bool _CacheData(CPacket* packet);
+  bool _ClearDataCache(CPacket* packet);
 
  private:
   struct Param {
@@ -80,9 +101,25 @@ class CDataProvider {
   // One heap record per parameter, so that a returned value stays put while
   // the list grows.
   std::vector<std::unique_ptr<Param>> params_;
+
+  // A cache of one entry: the last id asked for and what it gave, null for
+  // a failed read. The key -1 is none.
+  struct Slot {
+    std::int32_t key = -1;
+    ByteDataPtr value;
+  };
+  // Deletes the files written for clients and forgets all content.
+  void ClearContent();
+
+  std::map<std::int32_t, std::unique_ptr<ModelInfo>> modelCache_;
+  std::map<std::int32_t, std::wstring> fragmentFileCache_;
+  Slot modelIconSlot_;
+  Slot fragmentIconSlot_;
+  std::map<std::int32_t, std::map<std::int32_t, ByteDataPtr>> packetThumbnails_;
   const std::wstring server_;
   const std::wstring database_;
   const std::wstring user_;
   const std::wstring password_;
   ProviderCatalogStore store_{*this};
+  ProviderContentStore content_{*this};
 };

@@ -6,10 +6,9 @@
 #include "storage/CDataProvider.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
+#include "storage/OperationSupport.h"
 
 namespace {
-
-CDataProvider* ProviderOf(const CFolder* folder) { return folder->GetPacket()->GetProvider(); }
 
 // Runs INSERT ... RETURNING ID and gives the new id; a null reads as 0.
 std::int32_t ReturnedId(IBPP::Statement& statement) {

@@ -7,6 +7,8 @@
 #include "storage/PacketOperation.h"
 #include "storage/TableOperation.h"
 
+IContentStore& ProviderCatalogStore::Content() { return provider_.Content(); }
+
 bool ProviderCatalogStore::LoadPacket(CPacket* packet) { return BaseOperation::LoadPacket(packet); }
 
 std::unique_ptr<CFolder> ProviderCatalogStore::AddChildFolder(CFolder* parent, const std::wstring& name) {

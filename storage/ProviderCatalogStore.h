@@ -14,6 +14,7 @@ class ProviderCatalogStore final : public ICatalogStore {
  public:
   explicit ProviderCatalogStore(CDataProvider& provider) : provider_(provider) {}
 
+  IContentStore& Content() override;
   bool LoadPacket(CPacket* packet) override;
 
   std::unique_ptr<CFolder> AddChildFolder(CFolder* parent, const std::wstring& name) override;

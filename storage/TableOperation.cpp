@@ -9,26 +9,13 @@
 #include "catalog/CTemplate.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
+#include "storage/OperationSupport.h"
 
 namespace {
 
 constexpr std::int32_t kIdSpecificationNumber = 11;
 
 CFolder* FolderOf(const CFolderTable* table) { return table->GetFolder(); }
-CDataProvider* ProviderOf(const CFolderTable* table) { return FolderOf(table)->GetPacket()->GetProvider(); }
-CFolderTable* TableOf(const CStandartSize* size) { return size->GetTemplate()->GetTable(); }
-
-std::int32_t ReadInt(IBPP::Statement& statement, int column) {
-  std::int32_t value = 0;
-  statement.Get(column, value);
-  return value;
-}
-
-std::int32_t ReadInt(IBPP::Statement& statement, const char* column) {
-  std::int32_t value = 0;
-  statement.Get(column, value);
-  return value;
-}
 
 }  // namespace
 

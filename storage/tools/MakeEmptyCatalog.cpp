@@ -17,7 +17,8 @@
 #include "platform/TextCodec.h"
 #include "storage/ibpp/IBPP.h"
 #include "storage/tools/SqlScript.h"
-#include "storage/tools/StoredContent.h"
+#include "content/ByteData.h"
+#include "content/Digest.h"
 
 #include <cctype>
 #include <cstdio>
@@ -130,10 +131,11 @@ int BuildCatalog(const std::filesystem::path& script, const std::filesystem::pat
 int PrintRepresentationRow(const std::filesystem::path& document) {
   const std::string text = ReadFile(document);
   const std::span<const unsigned char> bytes(reinterpret_cast<const unsigned char*>(text.data()), text.size());
-  const std::vector<unsigned char> stored = PackStoredContent(bytes);
+  ByteData stored(bytes.data(), static_cast<std::int32_t>(bytes.size()));
+  stored.Compress();
   static const char kDigits[] = "0123456789ABCDEF";
   std::string literal;
-  for (unsigned char byte : stored) {
+  for (unsigned char byte : std::span<const unsigned char>(stored.Data(), static_cast<std::size_t>(stored.Size()))) {
     literal += kDigits[byte >> 4];
     literal += kDigits[byte & 0x0F];
   }

@@ -1,0 +1,88 @@
+// The provider's content caches: models, fragments and thumbnails, read from
+// the catalog on first request and kept until the caches are cleared.
+#include "storage/CDataProvider.h"
+
+#include <filesystem>
+
+#include "catalog/CPacket.h"
+#include "content/CStdModel.h"
+#include "content/CStdPrj.h"
+#include "content/TempPath.h"
+#include "platform/Report.h"
+#include "platform/TextCodec.h"
+#include "storage/ModelOperation.h"
+#include "storage/PrjOperation.h"
+
+namespace {
+
+void DeleteFile(const std::wstring& path) {
+  std::error_code ignored;
+  std::filesystem::remove(std::filesystem::path(WideToUtf8(path)), ignored);
+}
+
+}  // namespace
+
+const ModelInfo* CDataProvider::GetModelInfo(CStdModel* model) {
+  const std::int32_t id = model->GetModelId();
+  if (const auto found = modelCache_.find(id); found != modelCache_.end()) return found->second.get();
+  std::unique_ptr<ModelInfo> info = ModelOperation::GetModel(model, MakeTempPath(std::to_wstring(id), L".qmx"));
+  if (!info) {
+    Report(L"Не смогли получить модель из-за проблем с базой", "CDataProvider::GetModelInfo");
+    return nullptr;
+  }
+  return modelCache_.emplace(id, std::move(info)).first->second.get();
+}
+
+const std::wstring* CDataProvider::_GetFragmentFile(CStdPrj* projection) {
+  const std::int32_t id = projection->GetFragmentId();
+  if (const auto found = fragmentFileCache_.find(id); found != fragmentFileCache_.end()) return &found->second;
+  std::wstring path = MakeTempPath(std::to_wstring(id), L".qfx");
+  if (!PrjOperation::SaveFragmentAs(this, id, path)) {
+    Report(L"Не смогли сохранить фрагмент", "CDataProvider::_GetFragmentFile");
+    return nullptr;
+  }
+  return &fragmentFileCache_.emplace(id, std::move(path)).first->second;
+}
+
+const ByteData* CDataProvider::GetModelIcon(std::int32_t modelId) {
+  if (modelIconSlot_.key != modelId) {
+    // The old bytes go first: a client may hold only one model icon.
+    modelIconSlot_ = Slot{};
+    modelIconSlot_.value = ModelOperation::GetModelIcon(this, modelId);
+    modelIconSlot_.key = modelId;
+  }
+  return modelIconSlot_.value.get();
+}
+
+const ByteData* CDataProvider::GetFragmentIcon(std::int32_t packetId, std::int32_t fragmentId) {
+  if (const auto packet = packetThumbnails_.find(packetId); packet != packetThumbnails_.end()) {
+    const auto found = packet->second.find(fragmentId);
+    if (found != packet->second.end() && found->second) return found->second.get();
+  }
+  if (fragmentIconSlot_.key != fragmentId) {
+    fragmentIconSlot_ = Slot{};
+    fragmentIconSlot_.value = PrjOperation::GetIcon(this, fragmentId);
+    fragmentIconSlot_.key = fragmentId;
+  }
+  return fragmentIconSlot_.value.get();
+}
+
+bool CDataProvider::_CacheData(CPacket* packet) {
+  packetThumbnails_.erase(packet->GetId());
+  packetThumbnails_[packet->GetId()] = PrjOperation::LoadPacketThumbnails(this, packet->GetId());
+  return true;
+}
+
+bool CDataProvider::_ClearDataCache(CPacket* packet) {
+  packetThumbnails_.erase(packet->GetId());
+  return true;
+}
+
+void CDataProvider::ClearContent() {
+  for (const auto& [id, info] : modelCache_) DeleteFile(info->filePath);
+  for (const auto& [id, path] : fragmentFileCache_) DeleteFile(path);
+  modelCache_.clear();
+  fragmentFileCache_.clear();
+  modelIconSlot_ = Slot{};
+  fragmentIconSlot_ = Slot{};
+}
