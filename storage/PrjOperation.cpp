@@ -43,10 +43,10 @@ bool PrjOperation::LoadProjections(CStdProjs* list) {
   return true;
 }
 
-bool PrjOperation::SplitShared(CStdProjs* list) {
+bool PrjOperation::SplitShared(CStdProjs* list, const char* method) {
   CStandartSize* size = list->GetStdSize();
   if (size->GetTemplate()->SizeCount() < 2 || TableOf(size)->CreateTemplateFor(size)) return true;
-  Report(L"Не могли перенести типоразмер в новый темплейт", "PrjOperation::SplitShared");
+  Report(L"Не могли перенести типоразмер в новый темплейт", method);
   return false;
 }
 
@@ -61,7 +61,7 @@ void PrjOperation::InsertProjection(IBPP::Statement& statement, std::int32_t tem
 }
 
 std::unique_ptr<CStdPrj> PrjOperation::CopyProjection(CStdProjs* list, const CStdPrj& other) {
-  if (!SplitShared(list)) return nullptr;
+  if (!SplitShared(list, "PrjOperation::CopyProjection")) return nullptr;
   PrjOperation operation(ProviderOf(list->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
@@ -120,7 +120,7 @@ std::int32_t PrjOperation::ResolveProjection(IBPP::Statement& statement, std::in
 std::unique_ptr<CStdPrj> PrjOperation::AddProjection(CStdProjs* list, std::int32_t fragmentId,
                                                      const std::wstring& digest, const std::wstring& name,
                                                      std::int32_t type, std::int32_t viewType) {
-  if (!SplitShared(list)) return nullptr;
+  if (!SplitShared(list, "PrjOperation::AddProjection")) return nullptr;
   PrjOperation operation(ProviderOf(list->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
@@ -134,7 +134,7 @@ std::unique_ptr<CStdPrj> PrjOperation::AddProjection(CStdProjs* list, std::int32
 }
 
 bool PrjOperation::DeleteProjection(CStdPrj* projection) {
-  if (!SplitShared(projection->GetList())) return false;
+  if (!SplitShared(projection->GetList(), "PrjOperation::DeleteProjection")) return false;
   PrjOperation operation(ProviderOf(projection->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
