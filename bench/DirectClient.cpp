@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstring>
 #include <stdexcept>
 
@@ -93,11 +94,48 @@ std::int64_t ClientQuery::Run() {
 }
 
 std::int64_t ClientQuery::Run(std::int32_t parameter) {
+  Execute(parameter);
+  return FetchAll();
+}
+
+void ClientQuery::Execute(std::int32_t parameter) {
   parameter_ = parameter;
   ISC_STATUS_ARRAY status{};
+  // A cursor stays open after its last row; a new execution needs it closed.
+  // Closing one that isn't open only fails, which changes nothing.
+  isc_dsql_free_statement(status, &handle_, DSQL_close);
   isc_dsql_execute(status, transaction_.Handle(), &handle_, 1, reinterpret_cast<XSQLDA*>(inputArea_.data()));
   Check(status, "execute");
-  return FetchAll();
+}
+
+bool ClientQuery::Fetch() {
+  ISC_STATUS_ARRAY status{};
+  const ISC_STATUS fetched = isc_dsql_fetch(status, &handle_, 1, reinterpret_cast<XSQLDA*>(outputArea_.data()));
+  if (fetched == 100) return false;
+  Check(status, "fetch");
+  return true;
+}
+
+const XSQLVAR& ClientQuery::Column(int column) const {
+  return reinterpret_cast<const XSQLDA*>(outputArea_.data())->sqlvar[column - 1];
+}
+
+std::int32_t ClientQuery::Int(int column) const {
+  std::int32_t value = 0;
+  std::memcpy(&value, Column(column).sqldata, sizeof value);
+  return value;
+}
+
+std::string ClientQuery::Text(int column) const {
+  short length = 0;
+  std::memcpy(&length, Column(column).sqldata, sizeof length);
+  return std::string(Column(column).sqldata + sizeof length, static_cast<std::size_t>(length));
+}
+
+ISC_QUAD ClientQuery::BlobId(int column) const {
+  ISC_QUAD id{};
+  std::memcpy(&id, Column(column).sqldata, sizeof id);
+  return id;
 }
 
 std::int64_t ClientQuery::FetchAll() {
@@ -133,6 +171,40 @@ std::int64_t ClientQuery::FetchAll() {
   }
   if (fetched != 100) Check(status, "fetch");
   return rows;
+}
+
+std::vector<unsigned char> ReadClientBlob(ClientAttachment& attachment, ClientTransaction& transaction,
+                                          ISC_QUAD id) {
+  ISC_STATUS_ARRAY status{};
+  isc_blob_handle blob = 0;
+  isc_open_blob2(status, attachment.Handle(), transaction.Handle(), &blob, &id, 0, nullptr);
+  Check(status, "open blob");
+  const char items[] = {isc_info_blob_total_length, isc_info_blob_max_segment};
+  char info[64] = {};
+  isc_blob_info(status, &blob, sizeof items, items, sizeof info, info);
+  Check(status, "blob info");
+  ISC_LONG total = 0;
+  ISC_LONG largest = 0;
+  for (char* item = info; *item != isc_info_end;) {
+    const short length = static_cast<short>(isc_vax_integer(item + 1, 2));
+    const ISC_LONG value = isc_vax_integer(item + 3, length);
+    if (*item == isc_info_blob_total_length) total = value;
+    if (*item == isc_info_blob_max_segment) largest = value;
+    item += 3 + length;
+  }
+  std::vector<unsigned char> bytes(static_cast<std::size_t>(total));
+  for (std::size_t done = 0; done < bytes.size();) {
+    unsigned short read = 0;
+    const auto room = static_cast<unsigned short>(std::min<std::size_t>(bytes.size() - done, largest));
+    const ISC_STATUS result =
+        isc_get_segment(status, &blob, &read, room, reinterpret_cast<char*>(bytes.data() + done));
+    if (result != 0 && result != isc_segment) Check(status, "get segment");
+    if (read == 0) throw std::runtime_error("blob ended before its stated length");
+    done += read;
+  }
+  isc_close_blob(status, &blob);
+  Check(status, "close blob");
+  return bytes;
 }
 
 }  // namespace lxtest

@@ -50,7 +50,16 @@ class ClientQuery {
   std::int64_t Run();
   std::int64_t Run(std::int32_t parameter);
 
+  // Row by row, for callers that read the columns themselves (from 1).
+  void Execute(std::int32_t parameter);
+  bool Fetch();
+  std::int32_t Int(int column) const;
+  // A VARCHAR column's bytes as stored.
+  std::string Text(int column) const;
+  ISC_QUAD BlobId(int column) const;
+
  private:
+  const XSQLVAR& Column(int column) const;
   std::int64_t FetchAll();
 
   ClientTransaction& transaction_;
@@ -62,5 +71,10 @@ class ClientQuery {
   std::int32_t parameter_ = 0;
   short parameterNull_ = 0;
 };
+
+// A whole blob, read with its largest segment as the read size, as the
+// library reads blobs.
+std::vector<unsigned char> ReadClientBlob(ClientAttachment& attachment, ClientTransaction& transaction,
+                                          ISC_QUAD id);
 
 }  // namespace lxtest

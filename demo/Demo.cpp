@@ -1,5 +1,6 @@
 // A tour of the library through its C interface, as a client would take it:
-// make a catalog, attach it, build a small folder tree, reload, print.
+// make a catalog, attach it, build a small folder tree, reload, print; then
+// give a size a model and projections and show what the catalog kept.
 #include <unistd.h>
 
 #include <clocale>
@@ -7,6 +8,7 @@
 #include <cstdlib>
 #include <cwchar>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "LxDataAccess.h"
@@ -41,6 +43,57 @@ std::wstring ValueText(LxStdSize* size, LxAttribute* attribute) {
     }
     case LX_VALUE_STRING: return std::wstring(view.payload.text, view.length);
     default: return L"?";
+  }
+}
+
+LxFolderTable* Bends(LxDataProvider* provider) {
+  LxPacket* ducts = provider_GetPacketByName(provider, L"Воздуховоды");
+  return folder_GetTable(folder_GetChildFolder(folder_GetChildFolder(packet_GetRootFolder(ducts), 0), 0));
+}
+
+// Stands in for the files a modelling program would hand over.
+std::wstring WriteFile(const std::filesystem::path& folder, const std::string& name, std::size_t bytes) {
+  const std::filesystem::path path = folder / name;
+  std::string content(bytes, '\0');
+  for (std::size_t i = 0; i < bytes; ++i) content[i] = static_cast<char>(i * 31 % 251);
+  std::ofstream(path, std::ios::binary) << content;
+  return path.wstring();
+}
+
+// Gives the size "ОТ-100" a model and three projections from files, reloads,
+// and prints what the catalog gives back: the model's file, written anew
+// from the database into the temporary folder, and each projection's.
+void TourOfContent(LxDataProvider* provider, const std::filesystem::path& folder) {
+  LxStdSize* bend = table_FindStdSize(Bends(provider), L"ОТ-100");
+  const std::wstring icon = WriteFile(folder, "icon.bmp", 4096);
+  model_SetModelEx(stdsize_GetModel(bend), WriteFile(folder, "bend-100.qmx", 200000).c_str(), icon.c_str(),
+                   L"отвод-100-r2", 2);
+  LxProjections* projections = stdsize_GetProjections(bend);
+  projections_AddProjectionEx(projections, WriteFile(folder, "top.qfx", 30000).c_str(), icon.c_str(),
+                              L"отвод-100-сверху", 1, L"", 0);
+  projections_AddProjectionEx(projections, WriteFile(folder, "front.qfx", 25000).c_str(), icon.c_str(),
+                              L"отвод-100-спереди", 2, L"", 0);
+  projections_AddProjectionEx(projections, WriteFile(folder, "iso.qfx", 40000).c_str(), icon.c_str(),
+                              L"отвод-100-изометрия", 7, L"изометрия", 1);
+  lxReloadProvider(provider_GetServerName(provider), provider_GetDatabaseName(provider));
+
+  bend = table_FindStdSize(Bends(provider), L"ОТ-100");
+  LxModel* model = stdsize_GetModel(bend);
+  unsigned char* iconData = nullptr;
+  int32_t iconSize = 0;
+  model_GetIconData(model, &iconData, &iconSize);
+  std::wprintf(L"\nModel of \"%ls\" after a reload:\n  file %ls\n  digest %ls, version %d, icon %d bytes\n",
+               stdsize_GetID(bend), model_GetModelFile(model), model_GetDigest(model), model_GetVersion(model),
+               iconSize);
+  projections = stdsize_GetProjections(bend);
+  std::wprintf(L"Projections:\n");
+  for (int32_t i = 0; i < projections_GetProjectioCount(projections); ++i) {
+    LxProjection* projection = projections_GetProjection(projections, i);
+    iconSize = 0;
+    projection_GetIconData(projection, &iconData, &iconSize);
+    std::wprintf(L"  \"%ls\" type %d, view type %d, icon %d bytes\n    fragment %ls\n", projection_GetName(projection),
+                 projection_GetType(projection), projection_GetViewType(projection), iconSize,
+                 projection_GetFragmentFile(projection));
   }
 }
 
@@ -125,6 +178,7 @@ int main() {
   PrintCatalog(provider);
 
   TourOfATable(provider);
+  TourOfContent(provider, std::filesystem::path(database).parent_path());
 
   lxDeleteProviderPool(pool);
   std::error_code ignored;

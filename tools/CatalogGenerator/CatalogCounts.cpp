@@ -15,6 +15,9 @@ std::string DescribeCounts(const CatalogCounts& counts) {
       {"new attribute descriptions", counts.newAttributeDescriptions},
       {"folders that split", counts.splitFolders},
       {"virtual folders expected", counts.virtualFolders},
+      {"models (MODEL)", counts.models},
+      {"fragments (FRAGMENT)", counts.fragments},
+      {"projections (OBJECTPROJECTION)", counts.projections},
   };
   std::string text;
   for (const auto& [name, count] : lines) text += std::string(name) + ": " + std::to_string(count) + "\n";

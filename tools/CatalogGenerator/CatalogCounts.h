@@ -23,6 +23,11 @@ struct CatalogCounts {
   // Folders whose templates form two or more groups, and the groups in them.
   std::int64_t splitFolders = 0;
   std::int64_t virtualFolders = 0;
+  // MODEL and FRAGMENT rows, each a distinct content, and OBJECTPROJECTION
+  // rows.
+  std::int64_t models = 0;
+  std::int64_t fragments = 0;
+  std::int64_t projections = 0;
 
   bool operator==(const CatalogCounts&) const = default;
 };

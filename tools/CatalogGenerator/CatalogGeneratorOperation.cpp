@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <variant>
 
+#include "storage/BlobTransfer.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
 
@@ -22,19 +23,25 @@ constexpr IdSource kIdSources[] = {
     {"OBJECTATTRIBUTE", "GEN_OBJECTATTRIBUTE_ID"},
     {"STANDARDSIZE", "GEN_STANDARDSIZE_ID"},
     {"CONCRETEVALUE", "GEN_CONCRETEVALUE_ID"},
+    {"MODEL", "GEN_MODEL_ID"},
+    {"FRAGMENT", "GEN_FRAGMENT_ID"},
 };
 
-// By CatalogGeneratorOperation::Insert. OLD_INDEX, OLD_NAME and MODELID stay
-// null, as the library leaves them for sizes and templates it makes.
+// By CatalogGeneratorOperation::Insert. OLD_INDEX and OLD_NAME stay null, as
+// the library leaves them for sizes and templates it makes, and so does
+// ORIENTATION, which the library's own models don't set either.
 constexpr const char* kInsertSql[] = {
     "INSERT INTO FOLDER (ID, ID_PARENT, LEFT_BOUND, RIGHT_BOUND, NAME) VALUES (?, ?, ?, ?, ?)",
     "INSERT INTO PACKET (ID, FOLDERID, PACKETID) VALUES (?, ?, ?)",
     "INSERT INTO OBJECT (ID, MODELID, REPRESENTATIONID, OBJECTTYPEID, FOLDERID, PACKETID, NAME) "
-    "VALUES (?, NULL, ?, ?, ?, ?, ?)",
+    "VALUES (?, ?, ?, ?, ?, ?, ?)",
     "INSERT INTO OBJECTATTRIBUTE (ID, OBJECTID, ATTRIBUTENAMEID, ATTRIBUTEDESCRIPTIONID, MEASURE, VARNAME, "
     "CONCRETEVALUEID, NUMBER, OLD_NUMBER, ATTRTYPE, FORMULA) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0, ?, ?)",
     "INSERT INTO STANDARDSIZE (ID, OBJECTID, IDENTIFIER) VALUES (?, ?, ?)",
     "INSERT INTO CONCRETEVALUE (ID, INTVAL, DOUBLEVAL, STRVAL) VALUES (?, ?, ?, ?)",
+    "INSERT INTO MODEL (ID, MODEL, THUMBNAIL, DIGEST, MODEL_VERSION) VALUES (?, ?, ?, ?, ?)",
+    "INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (?, ?, ?, ?)",
+    "INSERT INTO OBJECTPROJECTION (OBJECTID, FRAGMENTID, PROJECTIONID, VIEW_TYPE) VALUES (?, ?, ?, ?)",
 };
 
 // A block's parameters form one message, which the engine limits to 64 KB;
@@ -182,14 +189,18 @@ void CatalogGeneratorOperation::InsertPacket(std::int32_t id, std::int32_t rootF
 
 void CatalogGeneratorOperation::InsertTemplate(std::int32_t id, std::int32_t folderId, std::int32_t packetId,
                                                std::int32_t objectTypeId, std::int32_t representationId,
-                                               const std::wstring& name) {
+                                               std::int32_t modelId, const std::wstring& name) {
   IBPP::Statement& statement = Prepared(kTemplate);
   statement.Set(1, id);
-  statement.Set(2, representationId);
-  statement.Set(3, objectTypeId);
-  statement.Set(4, folderId);
-  statement.Set(5, packetId);
-  SetDbText(statement, 6, name);
+  if (modelId == 0)
+    statement.SetNull(2);
+  else
+    statement.Set(2, modelId);
+  statement.Set(3, representationId);
+  statement.Set(4, objectTypeId);
+  statement.Set(5, folderId);
+  statement.Set(6, packetId);
+  SetDbText(statement, 7, name);
   statement.Execute();
 }
 
@@ -279,4 +290,43 @@ void CatalogGeneratorOperation::InsertSizeValues(std::int32_t sizeId, std::int32
     }
     statement.Execute();
   }
+}
+
+void CatalogGeneratorOperation::SetBlob(IBPP::Statement& statement, int parameter,
+                                        std::span<const unsigned char> bytes) {
+  IBPP::Blob blob = NewBlob();
+  WriteWholeBlob(blob, bytes);
+  statement.Set(parameter, blob);
+}
+
+void CatalogGeneratorOperation::InsertModel(std::int32_t id, std::span<const unsigned char> model,
+                                            std::span<const unsigned char> thumbnail, const std::wstring& digest,
+                                            std::int32_t version) {
+  IBPP::Statement& statement = Prepared(kModel);
+  statement.Set(1, id);
+  SetBlob(statement, 2, model);
+  SetBlob(statement, 3, thumbnail);
+  SetDbText(statement, 4, digest);
+  statement.Set(5, version);
+  statement.Execute();
+}
+
+void CatalogGeneratorOperation::InsertFragment(std::int32_t id, std::span<const unsigned char> fragment,
+                                               std::span<const unsigned char> thumbnail, const std::wstring& digest) {
+  IBPP::Statement& statement = Prepared(kFragment);
+  statement.Set(1, id);
+  SetBlob(statement, 2, fragment);
+  SetBlob(statement, 3, thumbnail);
+  SetDbText(statement, 4, digest);
+  statement.Execute();
+}
+
+void CatalogGeneratorOperation::InsertProjection(std::int32_t templateId, std::int32_t fragmentId,
+                                                 std::int32_t projectionId, std::int32_t viewType) {
+  IBPP::Statement& statement = Prepared(kProjection);
+  statement.Set(1, templateId);
+  statement.Set(2, fragmentId);
+  statement.Set(3, projectionId);
+  statement.Set(4, viewType);
+  statement.Execute();
 }

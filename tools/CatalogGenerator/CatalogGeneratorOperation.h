@@ -3,8 +3,8 @@
 // reads what the new rows refer to, and writes rows through statements
 // prepared once and executed for every row. Ids are written explicitly, from
 // ranges reserved on the catalog's own generators, so later inserts by the
-// library draw ids behind them. ATTRIBUTEVALUE is the exception: its trigger
-// always assigns the id.
+// library draw ids behind them. ATTRIBUTEVALUE and OBJECTPROJECTION are the
+// exceptions: their triggers always assign the id.
 //
 // The writer commits through a CommitGuard on this scope; until then nothing
 // is visible to others. Not thread-safe: one thread uses one scope.
@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@
 class CDataProvider;
 
 // The tables whose ids the generator writes itself.
-enum class IdTable { Folder, Packet, Object, ObjectAttribute, StandardSize, ConcreteValue };
+enum class IdTable { Folder, Packet, Object, ObjectAttribute, StandardSize, ConcreteValue, Model, Fragment };
 
 struct TemplateAttributeRow {
   std::int32_t id = 0;
@@ -79,8 +80,9 @@ class CatalogGeneratorOperation : public BaseOperation {
   void InsertFolder(std::int32_t id, std::int32_t parentId, std::int32_t left, std::int32_t right,
                     const std::wstring& name);
   void InsertPacket(std::int32_t id, std::int32_t rootFolderId, const std::wstring& name);
+  // No model: modelId 0.
   void InsertTemplate(std::int32_t id, std::int32_t folderId, std::int32_t packetId, std::int32_t objectTypeId,
-                      std::int32_t representationId, const std::wstring& name);
+                      std::int32_t representationId, std::int32_t modelId, const std::wstring& name);
   void InsertTemplateAttribute(const TemplateAttributeRow& row);
   void InsertSize(std::int32_t id, std::int32_t templateId, const std::wstring& identifier);
   // A CONCRETEVALUE row; the value must be an integer, a double or a text.
@@ -89,13 +91,33 @@ class CatalogGeneratorOperation : public BaseOperation {
   // firstValueId up in this order, and the ATTRIBUTEVALUE row that links it
   // to the size, all in one execution.
   void InsertSizeValues(std::int32_t sizeId, std::int32_t firstValueId, const std::vector<SizeValueRow>& values);
+  // Content rows; the bytes are in their stored form and go into blobs
+  // written whole in this scope.
+  void InsertModel(std::int32_t id, std::span<const unsigned char> model, std::span<const unsigned char> thumbnail,
+                   const std::wstring& digest, std::int32_t version);
+  void InsertFragment(std::int32_t id, std::span<const unsigned char> fragment,
+                      std::span<const unsigned char> thumbnail, const std::wstring& digest);
+  void InsertProjection(std::int32_t templateId, std::int32_t fragmentId, std::int32_t projectionId,
+                        std::int32_t viewType);
 
  private:
-  enum Insert { kFolder, kPacket, kTemplate, kTemplateAttribute, kSize, kValue, kInserts };
+  enum Insert {
+    kFolder,
+    kPacket,
+    kTemplate,
+    kTemplateAttribute,
+    kSize,
+    kValue,
+    kModel,
+    kFragment,
+    kProjection,
+    kInserts
+  };
 
   IBPP::Statement& Prepared(Insert insert);
   IBPP::Statement& SizeValuesBlock(std::size_t values);
   void SetValue(IBPP::Statement& statement, int firstParameter, const Value& value);
+  void SetBlob(IBPP::Statement& statement, int parameter, std::span<const unsigned char> bytes);
   std::int64_t ScalarInt(const std::string& query);
   std::int32_t DictionaryId(const char* procedure, const std::wstring& text);
 

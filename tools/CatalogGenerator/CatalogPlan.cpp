@@ -44,6 +44,12 @@ const CatalogShape& Validated(const CatalogShape& shape) {
   return shape;
 }
 
+// Distinct contents for `users` rows that take them in turn: no more than
+// there are users, so none is written without one.
+std::int64_t DistinctOf(std::int64_t users, std::int32_t distinct) {
+  return distinct == 0 ? users : std::min<std::int64_t>(users, distinct);
+}
+
 }  // namespace
 
 CatalogPlan::CatalogPlan(const CatalogShape& shape)
@@ -86,6 +92,14 @@ const std::vector<AttributeDefinition>& CatalogPlan::AttributesOfGroup(std::int3
   return group % 2 == 0 ? evenGroup_ : oddGroup_;
 }
 
+std::int32_t CatalogPlan::ModelOf(std::int64_t place) const {
+  return static_cast<std::int32_t>(place % totals_.models);
+}
+
+std::int32_t CatalogPlan::FragmentOf(std::int64_t place) const {
+  return static_cast<std::int32_t>(place % totals_.fragments);
+}
+
 void CatalogPlan::Count() {
   std::int64_t templateFolders = 0;
   totals_.packets = shape_.packets;
@@ -112,10 +126,14 @@ void CatalogPlan::Count() {
   totals_.values = Sum(totals_.sizeValues, Product(totals_.templates, shape_.commonAttributes));
   totals_.splitFolders = groups >= 2 ? templateFolders : 0;
   totals_.virtualFolders = totals_.splitFolders * groups;
+  if (shape_.modelBytes > 0) totals_.models = DistinctOf(totals_.templates, shape_.distinctModels);
+  totals_.projections = Product(totals_.templates, shape_.projectionsPerTemplate);
+  totals_.fragments = DistinctOf(totals_.projections, shape_.distinctFragments);
 
   RequireIds(Product(totals_.folders, 2), "folders");
   RequireIds(totals_.templates, "templates");
   RequireIds(totals_.sizes, "sizes");
   RequireIds(totals_.templateAttributes, "template attributes");
   RequireIds(totals_.values, "values");
+  RequireIds(totals_.projections, "projections");
 }

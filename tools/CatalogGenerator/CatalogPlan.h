@@ -34,6 +34,10 @@ class CatalogPlan {
   std::int32_t GroupsPerFolder() const;
   std::int32_t GroupOf(std::int32_t index) const;
   const std::vector<AttributeDefinition>& AttributesOfGroup(std::int32_t group) const;
+  // The model of the `place`-th template of the run and the fragment of its
+  // `place`-th projection, as positions among the distinct ones written.
+  std::int32_t ModelOf(std::int64_t place) const;
+  std::int32_t FragmentOf(std::int64_t place) const;
 
   // Every count but the dictionaries', which depend on what the catalog
   // already holds.

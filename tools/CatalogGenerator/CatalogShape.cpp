@@ -38,10 +38,31 @@ std::optional<std::string> SplitProblem(const CatalogShape& shape) {
   return std::nullopt;
 }
 
+// The stored form of a piece of content must fit the library's 32-bit
+// sizes, with room for what the compressor adds to random bytes.
+constexpr std::int32_t kMostContentBytes = 1 << 30;
+
+std::optional<std::string> ContentProblem(const CatalogShape& shape) {
+  for (std::int32_t number : {shape.modelBytes, shape.distinctModels, shape.projectionsPerTemplate,
+                              shape.fragmentBytes, shape.distinctFragments, shape.thumbnailBytes}) {
+    if (number < 0) return "content sizes and counts can't be negative";
+  }
+  for (std::int32_t bytes : {shape.modelBytes, shape.fragmentBytes, shape.thumbnailBytes}) {
+    if (bytes > kMostContentBytes) return "content must be at most " + std::to_string(kMostContentBytes) + " bytes";
+  }
+  if (shape.projectionsPerTemplate > kMostProjections)
+    return "a template has at most 18 projections: 6 directions in 3 view types";
+  if (shape.projectionsPerTemplate > 0 && shape.fragmentBytes == 0) return "projections need a fragment size";
+  if ((shape.modelBytes > 0 || shape.projectionsPerTemplate > 0) && shape.thumbnailBytes == 0)
+    return "models and fragments need a thumbnail size";
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::string> ShapeProblem(const CatalogShape& shape) {
   if (auto problem = CountProblem(shape)) return problem;
   if (auto problem = AttributeProblem(shape)) return problem;
-  return SplitProblem(shape);
+  if (auto problem = SplitProblem(shape)) return problem;
+  return ContentProblem(shape);
 }

@@ -3,7 +3,8 @@
 //
 // Layout of a packet: a folder tree filled breadth first with `fanOut`
 // children per folder (folder k of a packet has the parent (k - 1) / fanOut),
-// templates in its leaf folders (or in every folder), sizes in the templates.
+// templates in its leaf folders (or in every folder), sizes in the templates,
+// and on demand a model and projections on each template.
 // Attributes of a template are numbered from 21 in this order: those with a
 // value per size, those with a value common to the template, those with a
 // formula; attribute 11 "ID_specification" comes on top of them.
@@ -14,6 +15,9 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+
+// Six standard directions in three view types.
+inline constexpr std::int32_t kMostProjections = 18;
 
 // How neighbouring templates of one folder are made to differ so that the
 // library's load splits the folder into virtual folders.
@@ -60,6 +64,23 @@ struct CatalogShape {
   // has one group per template.
   std::int32_t splitGroups = 1;
   SplitBy splitBy = SplitBy::CommonValues;
+
+  // Content: random bytes of the given sizes, drawn from the seed and stored
+  // as the library stores content. A model of modelBytes on every template
+  // unless 0. The templates take distinctModels models in turn (template t
+  // of the run the model t % distinctModels), so 2,000 templates over 200
+  // models share each one ten times; 0 gives every template its own.
+  std::int32_t modelBytes = 0;
+  std::int32_t distinctModels = 0;
+  // Projections of each template: the k-th in the standard direction
+  // k % 6 + 1 and view type k / 6, so at most 18. Each projection has a
+  // fragment of fragmentBytes; the projections take distinctFragments
+  // fragments in turn as templates take models (0: each its own).
+  std::int32_t projectionsPerTemplate = 0;
+  std::int32_t fragmentBytes = 0;
+  std::int32_t distinctFragments = 0;
+  // The thumbnail of every model and every fragment.
+  std::int32_t thumbnailBytes = 0;
 
   bool operator==(const CatalogShape&) const = default;
 };

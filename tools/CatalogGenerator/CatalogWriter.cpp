@@ -1,5 +1,6 @@
 #include "tools/CatalogGenerator/CatalogWriter.h"
 
+#include <span>
 #include <stdexcept>
 
 #include "tools/CatalogGenerator/PacketFolderTree.h"
@@ -13,17 +14,32 @@ std::wstring TemplateName(std::int32_t index) { return L"Шаблон " + std::t
 // whole catalog, also when a generation adds to a catalog that has sizes.
 std::wstring Identifier(std::int32_t sizeId) { return L"ТР-" + std::to_wstring(sizeId); }
 
+// The standard directions are the PROJECTION rows 1 to 6 of every catalog.
+constexpr std::int32_t kStandardDirections = 6;
+// What MODEL_VERSION says; the library shows it and compares nothing by it.
+constexpr std::int32_t kModelVersion = 1;
+
+std::span<const unsigned char> Bytes(const ByteData& data) {
+  return {data.Data(), static_cast<std::size_t>(data.Size())};
+}
+
 }  // namespace
 
 CatalogWriter::CatalogWriter(CatalogGeneratorOperation& operation, const CatalogPlan& plan,
                              GenerationProgress progress)
-    : operation_(operation), plan_(plan), progress_(std::move(progress)), values_(plan.Shape().seed) {}
+    : operation_(operation),
+      plan_(plan),
+      progress_(std::move(progress)),
+      values_(plan.Shape().seed),
+      content_(plan.Shape().seed) {}
 
 CatalogCounts CatalogWriter::WriteAll() {
   Prepare();
+  WriteModels();
+  WriteFragments();
   for (std::int32_t packet = 0; packet < plan_.Shape().packets; ++packet) WritePacket(packet);
-  for (const IdRange* range :
-       {&folderIds_, &packetIds_, &templateIds_, &templateAttributeIds_, &sizeIds_, &valueIds_}) {
+  for (const IdRange* range : {&folderIds_, &packetIds_, &templateIds_, &templateAttributeIds_, &sizeIds_,
+                               &valueIds_, &modelIds_, &fragmentIds_}) {
     if (range->Left() != 0) throw std::logic_error("fewer rows written than ids reserved");
   }
   return written_;
@@ -37,6 +53,8 @@ void CatalogWriter::Prepare() {
   templateAttributeIds_ = operation_.ReserveIds(IdTable::ObjectAttribute, totals.templateAttributes);
   sizeIds_ = operation_.ReserveIds(IdTable::StandardSize, totals.sizes);
   valueIds_ = operation_.ReserveIds(IdTable::ConcreteValue, totals.values);
+  modelIds_ = operation_.ReserveIds(IdTable::Model, totals.models);
+  fragmentIds_ = operation_.ReserveIds(IdTable::Fragment, totals.fragments);
   lastBound_ = operation_.HighestFolderBound();
   if (totals.templates == 0) return;
 
@@ -57,6 +75,32 @@ CatalogWriter::LayoutIds CatalogWriter::DictionaryIds(const std::vector<Attribut
     ids.descriptions.push_back(operation_.AttributeDescriptionId(attribute.description));
   }
   return ids;
+}
+
+void CatalogWriter::WriteModels() {
+  const CatalogShape& shape = plan_.Shape();
+  for (std::int64_t place = 0; place < plan_.Totals().models; ++place) {
+    const std::int32_t id = modelIds_.Take();
+    if (place == 0) firstModelId_ = id;
+    const ByteDataPtr model = content_.Stored(ContentKind::Model, place, shape.modelBytes);
+    const ByteDataPtr thumbnail = content_.Stored(ContentKind::ModelThumbnail, place, shape.thumbnailBytes);
+    operation_.InsertModel(id, Bytes(*model), Bytes(*thumbnail),
+                           content_.Digest(ContentKind::Model, place, shape.modelBytes), kModelVersion);
+    ++written_.models;
+  }
+}
+
+void CatalogWriter::WriteFragments() {
+  const CatalogShape& shape = plan_.Shape();
+  for (std::int64_t place = 0; place < plan_.Totals().fragments; ++place) {
+    const std::int32_t id = fragmentIds_.Take();
+    if (place == 0) firstFragmentId_ = id;
+    const ByteDataPtr fragment = content_.Stored(ContentKind::Fragment, place, shape.fragmentBytes);
+    const ByteDataPtr thumbnail = content_.Stored(ContentKind::FragmentThumbnail, place, shape.thumbnailBytes);
+    operation_.InsertFragment(id, Bytes(*fragment), Bytes(*thumbnail),
+                              content_.Digest(ContentKind::Fragment, place, shape.fragmentBytes));
+    ++written_.fragments;
+  }
 }
 
 void CatalogWriter::WritePacket(std::int32_t packet) {
@@ -88,10 +132,13 @@ void CatalogWriter::WriteTemplates(std::int32_t packet, std::int32_t packetId, s
   for (std::int32_t index = 0; index < templates; ++index) {
     const std::int32_t templateId = templateIds_.Take();
     const std::int32_t objectType = objectTypeIds_[written_.templates % objectTypeIds_.size()];
-    operation_.InsertTemplate(templateId, folderId, packetId, objectType, representationId_, TemplateName(index));
+    const std::int32_t modelId = written_.models == 0 ? 0 : firstModelId_ + plan_.ModelOf(written_.templates);
+    operation_.InsertTemplate(templateId, folderId, packetId, objectType, representationId_, modelId,
+                              TemplateName(index));
     ++written_.templates;
     const std::vector<SizeColumn> columns = WriteTemplateAttributes(templateId, plan_.GroupOf(index));
     WriteSizes(templateId, plan_.SizesOf(packet, packetTemplates_++), columns);
+    WriteProjections(templateId);
     if (progress_) progress_(written_);
   }
   const std::int32_t groups = plan_.GroupsPerFolder();
@@ -146,5 +193,13 @@ void CatalogWriter::WriteSizes(std::int32_t templateId, std::int32_t sizes, cons
     operation_.InsertSizeValues(sizeId, valueIds_.TakeRun(static_cast<std::int32_t>(values.size())), values);
     written_.values += static_cast<std::int64_t>(values.size());
     written_.sizeValues += static_cast<std::int64_t>(values.size());
+  }
+}
+
+void CatalogWriter::WriteProjections(std::int32_t templateId) {
+  for (std::int32_t k = 0; k < plan_.Shape().projectionsPerTemplate; ++k, ++projectionPlace_) {
+    const std::int32_t fragmentId = firstFragmentId_ + plan_.FragmentOf(projectionPlace_);
+    operation_.InsertProjection(templateId, fragmentId, k % kStandardDirections + 1, k / kStandardDirections);
+    ++written_.projections;
   }
 }

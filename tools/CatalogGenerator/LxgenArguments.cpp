@@ -24,7 +24,13 @@ constexpr const char* kUsage =
     "  --no-id-specification   leave out attribute 11 ID_specification\n"
     "  --split N               groups of differing templates per folder (1)\n"
     "  --split-by values|attributes   what makes the groups differ (values)\n"
-    "  --seed N                seed of the values (1)\n"
+    "  --model-bytes N         a model of N random bytes on every template (0: none)\n"
+    "  --models N              distinct models, taken by the templates in turn (0: one each)\n"
+    "  --projections N         projections per template, up to 18 (0)\n"
+    "  --fragment-bytes N      the fragment of every projection, in bytes\n"
+    "  --fragments N           distinct fragments, taken by the projections in turn (0: one each)\n"
+    "  --thumbnail-bytes N     the thumbnail of every model and fragment, in bytes\n"
+    "  --seed N                seed of the values and the content (1)\n"
     "  --server HOST           server (empty: embedded), --user NAME, --password TEXT\n"
     "  --quiet                 no progress lines\n";
 
@@ -70,6 +76,12 @@ const std::map<std::string, Setter>& ValueOptions() {
       {"--common", Count([](LxgenArguments& a, std::int32_t v) { a.shape.commonAttributes = v; })},
       {"--formulas", Count([](LxgenArguments& a, std::int32_t v) { a.shape.formulaAttributes = v; })},
       {"--split", Count([](LxgenArguments& a, std::int32_t v) { a.shape.splitGroups = v; })},
+      {"--model-bytes", Count([](LxgenArguments& a, std::int32_t v) { a.shape.modelBytes = v; })},
+      {"--models", Count([](LxgenArguments& a, std::int32_t v) { a.shape.distinctModels = v; })},
+      {"--projections", Count([](LxgenArguments& a, std::int32_t v) { a.shape.projectionsPerTemplate = v; })},
+      {"--fragment-bytes", Count([](LxgenArguments& a, std::int32_t v) { a.shape.fragmentBytes = v; })},
+      {"--fragments", Count([](LxgenArguments& a, std::int32_t v) { a.shape.distinctFragments = v; })},
+      {"--thumbnail-bytes", Count([](LxgenArguments& a, std::int32_t v) { a.shape.thumbnailBytes = v; })},
       {"--seed",
        [](LxgenArguments& a, const std::string& text) -> std::optional<std::string> {
          const std::optional<std::int64_t> value = Number(text);

@@ -51,7 +51,8 @@ int Run(const LxgenArguments& arguments) {
                          Progress(arguments.quiet, start));
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
   const long long rows = written.packets + written.folders + written.templates + written.sizes +
-                         written.templateAttributes + written.values + written.sizeValues;
+                         written.templateAttributes + written.values + written.sizeValues + written.models +
+                         written.fragments + written.projections;
   std::printf("written to %s:\n%s", arguments.catalog.c_str(), DescribeCounts(written).c_str());
   std::printf("%lld rows in %.2f s: %.0f rows/s\n", rows, seconds, rows / seconds);
   return 0;

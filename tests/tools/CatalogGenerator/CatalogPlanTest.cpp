@@ -110,6 +110,26 @@ TEST(CatalogPlan, AttributeLayoutNumbersKindsAndTypes) {
   EXPECT_TRUE(layout[1].formula.empty());
 }
 
+TEST(CatalogPlan, ContentIsSharedInTurnAndNeverBeyondItsUsers) {
+  CatalogShape shape;
+  shape.templatesPerFolder = 20;
+  shape.modelBytes = shape.fragmentBytes = shape.thumbnailBytes = 1;
+  shape.distinctModels = 200;
+  shape.projectionsPerTemplate = 3;
+  const CatalogPlan plan(shape);
+  // More distinct models than templates: only those used are written.
+  EXPECT_EQ(plan.Totals().models, 20);
+  EXPECT_EQ(plan.Totals().projections, 60);
+  EXPECT_EQ(plan.Totals().fragments, 60);
+  shape.distinctModels = 6;
+  shape.distinctFragments = 7;
+  const CatalogPlan shared(shape);
+  EXPECT_EQ(shared.Totals().models, 6);
+  EXPECT_EQ(shared.Totals().fragments, 7);
+  EXPECT_EQ(shared.ModelOf(13), 1);
+  EXPECT_EQ(shared.FragmentOf(59), 3);
+}
+
 TEST(CatalogPlan, RefusesShapesThatCantBeGenerated) {
   auto refused = [](auto change) {
     CatalogShape shape;
@@ -125,6 +145,10 @@ TEST(CatalogPlan, RefusesShapesThatCantBeGenerated) {
   refused([](CatalogShape& s) { s.splitGroups = 2, s.commonAttributes = 0; });
   refused([](CatalogShape& s) { s.splitGroups = 0; });
   refused([](CatalogShape& s) { s.sizesPerTemplate = -1; });
+  refused([](CatalogShape& s) { s.projectionsPerTemplate = 19, s.fragmentBytes = s.thumbnailBytes = 1; });
+  refused([](CatalogShape& s) { s.projectionsPerTemplate = 1, s.thumbnailBytes = 1; });
+  refused([](CatalogShape& s) { s.modelBytes = 1; });
+  refused([](CatalogShape& s) { s.distinctModels = -1; });
   EXPECT_FALSE(ShapeProblem(CatalogShape{}).has_value()) << "the default shape";
 
   // Nor totals beyond 32-bit ids.

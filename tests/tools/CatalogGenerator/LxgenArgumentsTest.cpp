@@ -29,6 +29,13 @@ TEST(LxgenArguments, ReadsTheShapeAndTheCatalog) {
                                                .sizesPerPacket = 20000, .attributes = 20, .commonAttributes = 2,
                                                .formulaAttributes = 2, .idSpecification = false, .splitGroups = 2,
                                                .splitBy = SplitBy::AttributeSets}));
+  const CatalogShape content =
+      Parsed({"--model-bytes", "1048576", "--models", "200", "--projections", "2", "--fragment-bytes", "65536",
+              "--fragments", "300", "--thumbnail-bytes", "8192", "c.fdb"})
+          .shape;
+  EXPECT_EQ(std::vector<std::int32_t>({content.modelBytes, content.distinctModels, content.projectionsPerTemplate,
+                                       content.fragmentBytes, content.distinctFragments, content.thumbnailBytes}),
+            std::vector<std::int32_t>({1048576, 200, 2, 65536, 300, 8192}));
   // The connection: embedded as SYSDBA unless named.
   EXPECT_EQ(arguments.server, "");
   EXPECT_EQ(arguments.user, "SYSDBA");
