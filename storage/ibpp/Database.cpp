@@ -120,6 +120,12 @@ void Database::Connect() {
   if (!password_.empty()) parameters.AddText(isc_dpb_password, password_);
   if (!role_.empty()) parameters.AddText(isc_dpb_sql_role_name, role_);
   if (!charSet_.empty()) parameters.AddText(isc_dpb_lc_ctype, charSet_);
+  // A path without a server opens in-process, where nothing authenticates,
+  // yet the client prepares an SRP handshake for every attach: a millisecond
+  // or more of big-number arithmetic, paid on every operation since none
+  // keeps its attachment. The cheap legacy plugin goes first; SRP still
+  // follows for the client's fallback to a local server.
+  if (server_.empty()) parameters.AddText(isc_dpb_config, "AuthClient=Legacy_Auth,Srp");
 
   const std::string target = ConnectionTarget();
   if (target.size() > 32767) detail::ThrowUsageError(kWhere, "database path too long");
