@@ -14,10 +14,13 @@ class CFolderTable;
 class CAttribute;
 class CStandartSize;
 class CSearchResult;
+class CSpec;
+class CStdFiles;
 class CStdModel;
 class CStdPrj;
 class CStdProjs;
 class CSearchResult2;
+struct FileRecord;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
   inline ClassType* Obj(HandleType* handle) { return reinterpret_cast<ClassType*>(handle); }   \
@@ -33,6 +36,9 @@ LX_BIND_HANDLE(LxStdSize, CStandartSize)
 LX_BIND_HANDLE(LxModel, CStdModel)
 LX_BIND_HANDLE(LxProjections, CStdProjs)
 LX_BIND_HANDLE(LxProjection, CStdPrj)
+LX_BIND_HANDLE(LxFiles, CStdFiles)
+LX_BIND_HANDLE(LxFile, FileRecord)
+LX_BIND_HANDLE(LxSpec, CSpec)
 LX_BIND_HANDLE(LxSearchResult, CSearchResult)
 LX_BIND_HANDLE(LxSearchResult2, CSearchResult2)
 

@@ -8,8 +8,10 @@
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
+#include "content/CStdFiles.h"
 #include "content/CStdModel.h"
 #include "content/CStdProjs.h"
+#include "content/TemplateContent.h"
 #include "formula/NumberText.h"
 
 namespace {
@@ -122,5 +124,36 @@ LX_API LxModel* stdsize_GetModel(LxStdSize* stdSize) {
 LX_API LxProjections* stdsize_GetProjections(LxStdSize* stdSize) {
   return CallFrame("stdsize_GetProjections").Handle(stdSize, "stdSize").Call([&] {
     return ToHandle(CStdProjs::Of(Obj(stdSize)));
+  });
+}
+
+LX_API LxFiles* stdsize_GetFiles(LxStdSize* stdSize) {
+  return CallFrame("stdsize_GetFiles").Handle(stdSize, "stdSize").Call([&] {
+    return ToHandle(CStdFiles::Of(Obj(stdSize)));
+  });
+}
+
+LX_API int32_t stdsize_GetSpecificationCount(LxStdSize* stdSize) {
+  return CallFrame("stdsize_GetSpecificationCount").Handle(stdSize, "stdSize").Call([&] {
+    return GetSpecificationCount(Obj(stdSize));
+  });
+}
+
+LX_API LxSpec* stdsize_GetSpecification(LxStdSize* stdSize, int32_t index) {
+  return CallFrame("stdsize_GetSpecification").Handle(stdSize, "stdSize").Call([&] {
+    return ToHandle(GetSpecification(Obj(stdSize), index));
+  });
+}
+
+LX_API bool stdsize_GetRepresentationData(LxStdSize* stdSize, unsigned char** data, int32_t* size) {
+  return CallFrame("stdsize_GetRepresentationData").Handle(stdSize, "stdSize").Call([&] {
+    return data != nullptr && size != nullptr && GetRepresentationData(Obj(stdSize), data, size);
+  });
+}
+
+// No bytes to read from, or a negative count, is refused before any work.
+LX_API bool stdsize_SetRepresentationData(LxStdSize* stdSize, unsigned char* data, int32_t size) {
+  return CallFrame("stdsize_SetRepresentationData").Handle(stdSize, "stdSize").Call([&] {
+    return data != nullptr && size >= 0 && SetRepresentationData(Obj(stdSize), data, size);
   });
 }

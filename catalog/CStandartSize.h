@@ -14,6 +14,7 @@
 
 #include "formula/Value.h"
 
+class CStdFiles;
 class CStdModel;
 class CStdProjs;
 class CTemplate;
@@ -41,12 +42,13 @@ class CStandartSize {
   // Sets the object type of the template, which all its sizes share.
   bool _SetType(const std::wstring& type);
 
-  // The model and projection list of this size, made by the content layer
+  // The model, projections and files of this size, made by the content layer
   // on first request and kept for the size's life. Held as shared pointers
   // only so that their deleters are bound where they are made: the catalog
   // owns them without seeing their classes.
   std::shared_ptr<CStdModel>& ModelSlot() { return model_; }
   std::shared_ptr<CStdProjs>& ProjectionsSlot() { return projections_; }
+  std::shared_ptr<CStdFiles>& FilesSlot() { return files_; }
 
   // Sizes compare by value: id, identifier, template and own values.
   bool SameAs(const CStandartSize& other) const;
@@ -59,4 +61,5 @@ class CStandartSize {
   std::map<std::int32_t, Value> calculated_;
   std::shared_ptr<CStdModel> model_;
   std::shared_ptr<CStdProjs> projections_;
+  std::shared_ptr<CStdFiles> files_;
 };

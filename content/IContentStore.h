@@ -12,12 +12,21 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "content/CSpec.h"
 
 class ByteData;
+class CStdFiles;
 class CStdModel;
 class CStdPrj;
 class CStdProjs;
+class CTemplate;
+struct FileRecord;
 struct ModelInfo;
+
+// The specification records of one template, in the catalog's order.
+using SpecList = std::vector<std::unique_ptr<CSpec>>;
 
 class IContentStore {
  public:
@@ -62,4 +71,25 @@ class IContentStore {
                                     std::int32_t& projectionId, std::wstring& resolvedName) = 0;
   virtual bool UpdateViewType(CStdPrj* projection, std::int32_t viewType) = 0;
   virtual bool UpdateFragment(CStdPrj* projection, const CStdPrj& other) = 0;
+
+  // Appends the size's file records; false when they could not be read.
+  virtual bool LoadFiles(CStdFiles* files) = 0;
+  // The file of the record written to the temporary folder, once per
+  // provider and file id; null with reports.
+  virtual const std::wstring* GetFilePath(const FileRecord& record) = 0;
+
+  // The template's records, read once and kept until the caches are
+  // cleared or a command replaces them.
+  virtual const SpecList& GetSpecs(CTemplate* owner) = 0;
+  // The stored columns of a record; false when they could not be read.
+  virtual bool LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) = 0;
+
+  // The template's representation data in the provider's one-entry slot;
+  // null with a report when it has none.
+  virtual const ByteData* GetRepresentation(std::int32_t templateId) = 0;
+  // Empties the slot, so that the next read goes to the catalog.
+  virtual void ForgetRepresentation() = 0;
+  // Stores the block once per digest and points the template at it.
+  virtual bool SetTemplateRepresentationData(CTemplate* owner, const unsigned char* data, std::int32_t length,
+                                             const std::wstring& digest) = 0;
 };

@@ -22,6 +22,8 @@
 class CPacket;
 class CStdModel;
 class CStdPrj;
+class CTemplate;
+struct FileRecord;
 
 class CDataProvider {
  public:
@@ -83,6 +85,14 @@ class CDataProvider {
   // From the packet's cached thumbnails, else the slot.
   const ByteData* GetFragmentIcon(std::int32_t packetId, std::int32_t fragmentId);
 
+  const std::wstring* _GetFilePath(const FileRecord& record);
+  // The template's specification records, read on the first request.
+  const SpecList& GetSpecs(CTemplate* owner);
+  // Forgets the template's records; their handles die.
+  void DropSpecs(std::int32_t templateId) { specCache_.erase(templateId); }
+  const ByteData* GetRepresentation(std::int32_t templateId);
+  void ForgetRepresentation() { representationSlot_ = Slot{}; }
+
   // Every fragment thumbnail of the packet, read at once and kept until
   // dropped again; a client browsing the packet then reads none singly.
   bool _CacheData(CPacket* packet);
@@ -113,8 +123,11 @@ class CDataProvider {
 
   std::map<std::int32_t, std::unique_ptr<ModelInfo>> modelCache_;
   std::map<std::int32_t, std::wstring> fragmentFileCache_;
+  std::map<std::int32_t, std::wstring> attachedFileCache_;
+  std::map<std::int32_t, SpecList> specCache_;
   Slot modelIconSlot_;
   Slot fragmentIconSlot_;
+  Slot representationSlot_;
   std::map<std::int32_t, std::map<std::int32_t, ByteDataPtr>> packetThumbnails_;
   const std::wstring server_;
   const std::wstring database_;

@@ -3,6 +3,8 @@
 #include "platform/Report.h"
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
+#include "content/CStdFiles.h"
+#include "storage/BlobTransfer.h"
 #include "storage/CDataProvider.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
@@ -119,4 +121,94 @@ void PacketOperation::ExecuteCommitted(CDataProvider* provider, const char* sql,
   bind(statement);
   statement.Execute();
   guard.Commit();
+}
+
+bool PacketOperation::LoadFiles(CStdFiles* files) {
+  CStandartSize* size = files->GetStdSize();
+  PacketOperation operation(ProviderOf(size));
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare(
+      "SELECT F.ID, F.NAME FROM FILES F INNER JOIN STANDARTSIZE_FILE SSF ON SSF.FILES_ID = F.ID WHERE SSF.STDSIZE_ID = ?");
+  statement.Set(1, size->GetId());
+  statement.Execute();
+  while (statement.Fetch()) {
+    FileRecord record;
+    record.id = ReadInt(statement, 1);
+    std::wstring stored;
+    GetDbText(statement, 2, stored);
+    SplitFileName(stored, record.name, record.ext);
+    record.owner = size;
+    files->Append(std::move(record));
+  }
+  return true;
+}
+
+ByteDataPtr PacketOperation::GetFile(CDataProvider* provider, const FileRecord& record) {
+  constexpr const char* kMethod = "PacketOperation::GetFile";
+  PacketOperation operation(provider);
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare("SELECT DATAFILE FROM FILES WHERE ID=?");
+  statement.Set(1, record.id);
+  statement.Execute();
+  if (!statement.Fetch()) {
+    Report(L"Не смогли получить file = " + std::to_wstring(record.id) + L" из базы", kMethod);
+    return nullptr;
+  }
+  IBPP::Blob blob = operation.NewBlob();
+  ByteDataPtr data = LoadBlobColumn(statement, 1, blob);
+  if (!data) Report(L"Ошибка при чтении file = " + std::to_wstring(record.id) + L" из блоба", kMethod);
+  return data;
+}
+
+SpecList PacketOperation::LoadSpecs(CDataProvider* provider, CTemplate* owner) {
+  PacketOperation operation(provider);
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare("SELECT ID, LIBNAME, STYLENUMBER, FIRSTPART, SECONDPART FROM SPECIFICATION WHERE IDOBJECT = ?");
+  statement.Set(1, owner->GetId());
+  statement.Execute();
+  SpecList specs;
+  while (statement.Fetch()) {
+    CSpec::Row row;
+    row.id = ReadInt(statement, 1);
+    GetDbText(statement, 2, row.libName);
+    row.styleNumber = ReadInt(statement, 3);
+    row.firstPart = ReadInt(statement, 4);
+    row.secondPart = ReadInt(statement, 5);
+    specs.push_back(std::make_unique<CSpec>(std::move(row), provider->Content()));
+  }
+  return specs;
+}
+
+bool PacketOperation::LoadSpecColumns(CDataProvider* provider, std::int32_t specId,
+                                      std::vector<CSpec::StoredColumn>& columns) {
+  PacketOperation operation(provider);
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare(" SELECT COLNUMBER, FORMULA FROM SPECIFICATIONCOLUMN WHERE SPECIFICATIONID = ?");
+  statement.Set(1, specId);
+  statement.Execute();
+  while (statement.Fetch()) {
+    CSpec::StoredColumn column;
+    column.number = ReadInt(statement, 1);
+    GetDbText(statement, 2, column.text);
+    columns.push_back(std::move(column));
+  }
+  return true;
+}
+
+ByteDataPtr PacketOperation::GetRepresitation(CDataProvider* provider, std::int32_t templateId) {
+  constexpr const char* kMethod = "PacketOperation::GetRepresitation";
+  PacketOperation operation(provider);
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare(
+      "SELECT R.ID, R.DATA FROM OBJECT O INNER JOIN REPRESENTATION R ON R.ID=O.REPRESENTATIONID WHERE O.ID=?");
+  statement.Set(1, templateId);
+  statement.Execute();
+  if (!statement.Fetch()) {
+    Report(L"Не смогли получить represitation " + std::to_wstring(templateId) + L" из базы", kMethod);
+    return nullptr;
+  }
+  IBPP::Blob blob = operation.NewBlob();
+  ByteDataPtr data = LoadBlobColumn(statement, 2, blob);
+  if (!data) Report(L"Ошибка при чтении represitation из блоба", kMethod);
+  return data;
 }

@@ -1,17 +1,24 @@
-// PacketOperation: the SQL behind packets and folders. Every method is one
-// operation scope with one committed transaction; memory is left to the
-// caller, who changes it only after the method succeeded.
+// PacketOperation: the SQL behind packets and folders, and the reads of what
+// hangs on sizes and templates besides models and projections: attached
+// files, specification records, representation data. Every method is one
+// operation scope with one transaction, committed when it writes; memory is
+// left to the caller, who changes it only after the method succeeded.
 #pragma once
 
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "content/ByteData.h"
+#include "content/IContentStore.h"
 #include "storage/BaseOperation.h"
 
 class CDataProvider;
 class CFolder;
 class CPacket;
+class CStdFiles;
+class CTemplate;
+struct FileRecord;
 
 class PacketOperation : public BaseOperation {
  public:
@@ -28,6 +35,17 @@ class PacketOperation : public BaseOperation {
   // and attributes.
   static bool DeleteFolder(CFolder* folder);
   static bool MoveFolder(CFolder* folder, CFolder* newParent);
+
+  // Appends the size's file records, in the catalog's order.
+  static bool LoadFiles(CStdFiles* files);
+  // The content of an attached file; null with a report.
+  static ByteDataPtr GetFile(CDataProvider* provider, const FileRecord& record);
+  // The template's specification records, without their columns.
+  static SpecList LoadSpecs(CDataProvider* provider, CTemplate* owner);
+  static bool LoadSpecColumns(CDataProvider* provider, std::int32_t specId,
+                              std::vector<CSpec::StoredColumn>& columns);
+  // The template's representation data; null with a report.
+  static ByteDataPtr GetRepresitation(CDataProvider* provider, std::int32_t templateId);
 
  private:
   explicit PacketOperation(CDataProvider* provider) : BaseOperation(provider) {}

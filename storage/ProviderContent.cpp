@@ -1,16 +1,21 @@
-// The provider's content caches: models, fragments and thumbnails, read from
-// the catalog on first request and kept until the caches are cleared.
+// The provider's content caches: models, fragments, attached files,
+// thumbnails, specification records and representation data, read from the
+// catalog on first request and kept until the caches are cleared.
 #include "storage/CDataProvider.h"
 
 #include <filesystem>
 
 #include "catalog/CPacket.h"
+#include "catalog/CTemplate.h"
+#include "content/CSpec.h"
+#include "content/CStdFiles.h"
 #include "content/CStdModel.h"
 #include "content/CStdPrj.h"
 #include "content/TempPath.h"
 #include "platform/Report.h"
 #include "platform/TextCodec.h"
 #include "storage/ModelOperation.h"
+#include "storage/PacketOperation.h"
 #include "storage/PrjOperation.h"
 
 namespace {
@@ -67,6 +72,33 @@ const ByteData* CDataProvider::GetFragmentIcon(std::int32_t packetId, std::int32
   return fragmentIconSlot_.value.get();
 }
 
+const std::wstring* CDataProvider::_GetFilePath(const FileRecord& record) {
+  if (const auto found = attachedFileCache_.find(record.id); found != attachedFileCache_.end()) return &found->second;
+  const ByteDataPtr content = PacketOperation::GetFile(this, record);
+  std::wstring path = MakeTempPath(record.name, record.ext);
+  if (!content || content->SaveFile(path) == 0) {
+    Report(L"Не смогли сохранить файл " + path + L" ", "CDataProvider::_GetFilePath");
+    return nullptr;
+  }
+  return &attachedFileCache_.emplace(record.id, std::move(path)).first->second;
+}
+
+const SpecList& CDataProvider::GetSpecs(CTemplate* owner) {
+  const std::int32_t id = owner->GetId();
+  if (const auto found = specCache_.find(id); found != specCache_.end()) return found->second;
+  SpecList specs = PacketOperation::LoadSpecs(this, owner);
+  return specCache_.emplace(id, std::move(specs)).first->second;
+}
+
+const ByteData* CDataProvider::GetRepresentation(std::int32_t templateId) {
+  if (representationSlot_.key != templateId) {
+    representationSlot_ = Slot{};
+    representationSlot_.value = PacketOperation::GetRepresitation(this, templateId);
+    representationSlot_.key = templateId;
+  }
+  return representationSlot_.value.get();
+}
+
 bool CDataProvider::_CacheData(CPacket* packet) {
   packetThumbnails_.erase(packet->GetId());
   packetThumbnails_[packet->GetId()] = PrjOperation::LoadPacketThumbnails(this, packet->GetId());
@@ -81,8 +113,12 @@ bool CDataProvider::_ClearDataCache(CPacket* packet) {
 void CDataProvider::ClearContent() {
   for (const auto& [id, info] : modelCache_) DeleteFile(info->filePath);
   for (const auto& [id, path] : fragmentFileCache_) DeleteFile(path);
+  for (const auto& [id, path] : attachedFileCache_) DeleteFile(path);
   modelCache_.clear();
   fragmentFileCache_.clear();
+  attachedFileCache_.clear();
+  specCache_.clear();
   modelIconSlot_ = Slot{};
   fragmentIconSlot_ = Slot{};
+  representationSlot_ = Slot{};
 }

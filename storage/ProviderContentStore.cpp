@@ -3,7 +3,9 @@
 #include "content/CStdPrj.h"
 #include "storage/CDataProvider.h"
 #include "storage/ModelOperation.h"
+#include "storage/PacketOperation.h"
 #include "storage/PrjOperation.h"
+#include "storage/TableOperation.h"
 
 const ModelInfo* ProviderContentStore::GetModelInfo(CStdModel* model) { return provider_.GetModelInfo(model); }
 
@@ -60,4 +62,27 @@ bool ProviderContentStore::UpdateViewType(CStdPrj* projection, std::int32_t view
 
 bool ProviderContentStore::UpdateFragment(CStdPrj* projection, const CStdPrj& other) {
   return PrjOperation::UpdateFragment(projection, other);
+}
+
+bool ProviderContentStore::LoadFiles(CStdFiles* files) { return PacketOperation::LoadFiles(files); }
+
+const std::wstring* ProviderContentStore::GetFilePath(const FileRecord& record) {
+  return provider_._GetFilePath(record);
+}
+
+const SpecList& ProviderContentStore::GetSpecs(CTemplate* owner) { return provider_.GetSpecs(owner); }
+
+bool ProviderContentStore::LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) {
+  return PacketOperation::LoadSpecColumns(&provider_, specId, columns);
+}
+
+const ByteData* ProviderContentStore::GetRepresentation(std::int32_t templateId) {
+  return provider_.GetRepresentation(templateId);
+}
+
+void ProviderContentStore::ForgetRepresentation() { provider_.ForgetRepresentation(); }
+
+bool ProviderContentStore::SetTemplateRepresentationData(CTemplate* owner, const unsigned char* data,
+                                                         std::int32_t length, const std::wstring& digest) {
+  return TableOperation::SetTemplateRepresentationData(owner, data, length, digest);
 }

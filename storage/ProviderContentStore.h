@@ -35,6 +35,15 @@ class ProviderContentStore final : public IContentStore {
   bool UpdateViewType(CStdPrj* projection, std::int32_t viewType) override;
   bool UpdateFragment(CStdPrj* projection, const CStdPrj& other) override;
 
+  bool LoadFiles(CStdFiles* files) override;
+  const std::wstring* GetFilePath(const FileRecord& record) override;
+  const SpecList& GetSpecs(CTemplate* owner) override;
+  bool LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) override;
+  const ByteData* GetRepresentation(std::int32_t templateId) override;
+  void ForgetRepresentation() override;
+  bool SetTemplateRepresentationData(CTemplate* owner, const unsigned char* data, std::int32_t length,
+                                     const std::wstring& digest) override;
+
  private:
   CDataProvider& provider_;
 };

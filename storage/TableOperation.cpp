@@ -7,6 +7,8 @@
 #include "catalog/CPacket.h"
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
+#include "content/ByteData.h"
+#include "storage/BlobTransfer.h"
 #include "storage/CommitGuard.h"
 #include "storage/DbText.h"
 #include "storage/OperationSupport.h"
@@ -304,6 +306,33 @@ bool TableOperation::SetTemplateType(CTemplate* owner, const std::wstring& type)
   const std::int32_t typeId = operation.ObjectTypeId(statement, type);
   statement.Prepare("UPDATE OBJECT set OBJECTTYPEID = ? WHERE ID = ?");
   statement.Set(1, typeId);
+  statement.Set(2, owner->GetId());
+  statement.Execute();
+  guard.Commit();
+  return true;
+}
+
+bool TableOperation::SetTemplateRepresentationData(CTemplate* owner, const unsigned char* data, std::int32_t length,
+                                                   const std::wstring& digest) {
+  CFolder* folder = FolderOf(owner->GetTable());
+  if (folder->IsVirtual()) {
+    Report(L"Для виртуальных фолдеров нелья задать представление", "TableOperation::SetTemplateRepresentationData");
+    return false;
+  }
+  ByteData stored(data, length);
+  stored.Compress();
+  TableOperation operation(ProviderOf(owner->GetTable()));
+  CommitGuard guard(operation);
+  IBPP::Blob blob = operation.NewBlob();
+  WriteWholeBlob(blob, std::span<const unsigned char>(stored.Data(), static_cast<std::size_t>(stored.Size())));
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare("UPDATE OR INSERT INTO REPRESENTATION (DIGEST, DATA) VALUES (?, ?) MATCHING (DIGEST) RETURNING ID");
+  SetDbText(statement, 1, digest);
+  statement.Set(2, blob);
+  statement.Execute();
+  const std::int32_t id = ReadInt(statement, 1);
+  statement.Prepare("UPDATE OBJECT set REPRESENTATIONID = ? WHERE ID = ?");
+  statement.Set(1, id);
   statement.Set(2, owner->GetId());
   statement.Execute();
   guard.Commit();

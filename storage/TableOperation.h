@@ -39,6 +39,10 @@ class TableOperation : public BaseOperation {
   // size moves to; gives the new template's id.
   static std::int32_t CreateTemplateFor(CStandartSize* size, const std::wstring& name);
   static bool SetTemplateType(CTemplate* owner, const std::wstring& type);
+  // Stores the block once per digest and points the template at it; a
+  // virtual folder is refused with a report.
+  static bool SetTemplateRepresentationData(CTemplate* owner, const unsigned char* data, std::int32_t length,
+                                            const std::wstring& digest);
 
  private:
   explicit TableOperation(CDataProvider* provider) : BaseOperation(provider) {}

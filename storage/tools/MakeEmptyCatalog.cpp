@@ -18,7 +18,7 @@
 #include "storage/ibpp/IBPP.h"
 #include "storage/tools/SqlScript.h"
 #include "content/ByteData.h"
-#include "content/Digest.h"
+#include "platform/Digest.h"
 
 #include <cctype>
 #include <cstdio>

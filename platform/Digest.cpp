@@ -1,4 +1,4 @@
-#include "content/Digest.h"
+#include "platform/Digest.h"
 
 #include <openssl/evp.h>
 
