@@ -5,6 +5,7 @@
 #include "api/CallFrame.h"
 #include "api/Handles.h"
 #include "api/StaticText.h"
+#include "storage/CommandOperation.h"
 #include "storage/CDataProvider.h"
 #include "storage/ProviderOperation.h"
 
@@ -92,5 +93,13 @@ LX_API const wchar_t* provider_GetAttrNameByDesc(LxDataProvider* dataProvider, c
 LX_API bool provider_DeleteUnusedQmxandQfx(LxDataProvider* dataProvider) {
   return CallFrame("provider_DeleteUnusedQmxandQfx").Handle(dataProvider, "dataProvider").Call([&] {
     return ProviderOperation::DeleteUnusedModelsAndFragments(Obj(dataProvider));
+  });
+}
+
+// The document is the caller's duty: a null one ends as an unknown exception
+// rather than a crash.
+LX_API bool provider_RunCommand(LxDataProvider* dataProvider, const wchar_t* commandText) {
+  return CallFrame("provider_RunCommand").Handle(dataProvider, "dataProvider").Call([&] {
+    return CommandOperation::RunCommand(Obj(dataProvider), std::wstring(Required(commandText)));
   });
 }

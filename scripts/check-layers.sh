@@ -12,11 +12,11 @@
 #   platform/
 #
 # Within the band catalog/ is the base: content/, object/, search/ and
-# commands/ may include it. On top of that only object/ may include content/,
-# since placed objects are built from projections and specifications. So the
-# band reads, lowest first: catalog/ <- content/ <- object/, and search/ and
-# commands/ stand on catalog/ alone. No other folder of the band includes
-# another.
+# commands/ may include it. On top of that object/ and commands/ may include
+# content/: placed objects are built from projections and specifications, and
+# commands replace specifications. So the band reads, lowest first:
+# catalog/ <- content/ <- object/ and commands/, and search/ stands on
+# catalog/ alone. No other folder of the band includes another.
 #
 # include/ (the public header) may be included from anywhere. Programs,
 # tests, benchmarks and fuzz targets (tools/, tests/, bench/, fuzz/, demo/)
@@ -29,7 +29,7 @@ cd "$root"
 declare -A rank=([platform]=1 [formula]=2 [catalog]=3 [content]=3 [object]=3 [search]=3
                  [commands]=3 [storage]=4 [api]=5)
 # The includes allowed between folders of the band: "from>to".
-band_edges=" content>catalog object>catalog object>content search>catalog commands>catalog "
+band_edges=" content>catalog object>catalog object>content search>catalog commands>catalog commands>content "
 
 # The folder a quoted include names: its first component when that is a
 # folder of the tree, else the including file's own folder when the header

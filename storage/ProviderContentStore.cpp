@@ -72,6 +72,8 @@ const std::wstring* ProviderContentStore::GetFilePath(const FileRecord& record) 
 
 const SpecList& ProviderContentStore::GetSpecs(CTemplate* owner) { return provider_.GetSpecs(owner); }
 
+void ProviderContentStore::DropSpecs(std::int32_t templateId) { provider_.DropSpecs(templateId); }
+
 bool ProviderContentStore::LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) {
   return PacketOperation::LoadSpecColumns(&provider_, specId, columns);
 }
