@@ -259,6 +259,15 @@ TEST_F(Content, AKnownDigestSharesItsRowAndReadsNeitherFile) {
   EXPECT_EQ(ReadFile(model_GetModelFile(Model(L"V1"))), model);
   EXPECT_STREQ(model_GetModelFile(Model(L"V1")), model_GetModelFile(Model(L"U1")));
   EXPECT_EQ(IconOf(Model(L"V1")), icon);
+
+  // Letting go of a model, also by taking another size's empty one, keeps
+  // the row for the next size of that digest.
+  EXPECT_TRUE(model_Clear(Model(L"V1")));
+  EXPECT_TRUE(model_IsEmpty(Model(L"V1")));
+  EXPECT_TRUE(model_SetModel(Model(L"U1"), Model(L"V1")));
+  EXPECT_TRUE(model_IsEmpty(Model(L"U1")));
+  EXPECT_EQ(Sql().Int(L"SELECT COUNT(*) FROM OBJECT WHERE ID IN (502, 503) AND MODELID IS NULL"), 2);
+  EXPECT_EQ(Count(L"MODEL"), models);
 }
 
 TEST_F(Content, SetModelExChecksItsArgumentsFirstAndARefusalChangesNothing) {

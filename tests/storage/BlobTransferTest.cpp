@@ -1,9 +1,6 @@
-// The stored form of content and whole blobs in and out of a real catalog:
-// what any LZO1Y decompressor must be able to read, what the library hands
-// back unchanged when it cannot read it, and how blobs are cut into segments.
-#include <lzo/lzo1y.h>
-#include <lzo/lzoconf.h>
-
+// Whole blobs in and out of a real catalog: how they are cut into segments,
+// and what a stored column gives when it holds no data or bytes that cannot
+// be unpacked.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -29,64 +26,7 @@ Bytes Random(std::size_t size, unsigned seed) {
   return bytes;
 }
 
-Bytes Repeated(const std::string& text, int times) {
-  Bytes bytes;
-  for (int i = 0; i < times; ++i) bytes.insert(bytes.end(), text.begin(), text.end());
-  return bytes;
-}
-
 Bytes BytesOf(const ByteData& data) { return Bytes(data.Data(), data.Data() + data.Size()); }
-
-// Owned bytes, as a read from a blob leaves them.
-ByteDataPtr Holding(const Bytes& bytes) {
-  auto data = std::make_shared<ByteData>();
-  std::copy(bytes.begin(), bytes.end(), data->Allocate(static_cast<std::int32_t>(bytes.size())));
-  return data;
-}
-
-TEST(StoredForm, IsTheLengthLittleEndianThenOneStreamThatLzoItselfReads) {
-  ASSERT_EQ(lzo_init(), LZO_E_OK);
-  // Text packs well; random bytes do not and grow, past the buffer bound a
-  // smaller estimate would give.
-  for (const Bytes& content : {Repeated("Болт М12 ", 3000), Random(100000, 7), Bytes{'x'}}) {
-    ByteData data(content.data(), static_cast<std::int32_t>(content.size()));
-    data.Compress();
-    ASSERT_TRUE(data.Owned());
-    const Bytes stored = BytesOf(data);
-    ASSERT_GT(stored.size(), 4u);
-    const std::uint32_t length = stored[0] | stored[1] << 8 | stored[2] << 16 | std::uint32_t{stored[3]} << 24;
-    EXPECT_EQ(length, content.size());
-
-    Bytes unpacked(content.size());
-    lzo_uint produced = unpacked.size();
-    EXPECT_EQ(lzo1y_decompress_safe(stored.data() + 4, stored.size() - 4, unpacked.data(), &produced, nullptr),
-              LZO_E_OK);
-    EXPECT_EQ(produced, content.size());
-    EXPECT_EQ(unpacked, content);
-
-    data.Decompress();
-    EXPECT_EQ(BytesOf(data), content);
-  }
-}
-
-TEST(StoredForm, WhatCannotBeUnpackedStaysAsStored) {
-  ByteData packed(reinterpret_cast<const unsigned char*>("abcabcabcabc"), 12);
-  packed.Compress();
-  Bytes valid = BytesOf(packed);
-  Bytes statedShorter = valid;
-  statedShorter[0] = 5;
-  const Bytes cases[] = {
-      {0xFF, 0xFF, 0xFF, 0xFF, 'd', 'a', 't', 'a'},  // a negative length
-      {0x10, 0, 0, 0, 0x55, 0x66, 0x77, 0x88, 0x99},  // not a stream
-      statedShorter,                                  // more content than stated
-      {1, 0, 0},                                      // no whole length
-  };
-  for (const Bytes& stored : cases) {
-    ByteDataPtr data = Holding(stored);
-    data->Decompress();
-    EXPECT_EQ(BytesOf(*data), stored) << testing::PrintToString(stored);
-  }
-}
 
 class BlobColumns : public ::testing::Test {
  protected:
