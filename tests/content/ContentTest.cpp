@@ -346,6 +346,22 @@ TEST_F(Content, AChangeOnOneSizeOfASharedTemplateGivesThatSizeATemplateOfItsOwn)
   check();
 }
 
+TEST_F(Content, AModelWithoutDataFailsEachTimeUntilItHasSome) {
+  LxModel* model = Model(L"S1");
+  Sql().Execute(L"UPDATE MODEL SET MODEL = '' WHERE ID = 300");
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    EXPECT_FAILS(model_GetModelFile(model), "Ошибка при чтении модели из блоба [ModelOperation::GetModel]",
+                 "Не смогли получить модель из-за проблем с базой [CDataProvider::GetModelInfo]",
+                 "У типоразмера нет модели [CStdModel::_GetModelFile]");
+  }
+  Sql().Execute(L"UPDATE MODEL SET MODEL = NULL WHERE ID = 300");
+  EXPECT_TRUE(FailedInDatabase(Captured([&] { return model_GetDigest(model); }), "model_GetDigest"));
+  Sql().Execute(L"UPDATE MODEL SET MODEL = x'2A' WHERE ID = 300");
+  EXPECT_STREQ(model_GetDigest(model), L"m300");
+  EXPECT_EQ(ReadFile(model_GetModelFile(model)), Bytes{0x2A});
+  EXPECT_EQ(ContentFiles(), Texts{L"300.qmx"});
+}
+
 TEST_F(Content, ProjectionsFollowTheirRulesAndARefusalChangesNothing) {
   LxProjections* list = Projections(L"U1");
   const std::wstring fragment = File("fragment", Text("фрагмент")), icon = File("icon", Text("иконка"));
