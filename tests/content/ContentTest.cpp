@@ -381,7 +381,14 @@ TEST_F(Content, ProjectionsFollowTheirRulesAndARefusalChangesNothing) {
   EXPECT_FAILS(add(fragment, icon, L"d", 1, L"", 3), "Неизвестный тип проекции" + method);
   EXPECT_FAILS(add(fragment, icon, L"d", 1, L"", -1), "Неизвестный тип проекции" + method);
   EXPECT_FAILS(add(fragment, icon, L"d", 1, nullptr, 0));
+  const std::wstring empty = File("empty", {});
+  const std::string emptyPath = WideToUtf8(empty);
+  EXPECT_FAILS(add(empty, icon, L"d", 1, L"", 0),
+               "Файл пустой или отсутствует " + emptyPath + " [ModelOperation::SaveFileToBlob]",
+               "Проблемы при сохранении файла в блоб " + emptyPath + " [PrjOperation::AddFragment]",
+               "Проблема с базой, не смогли вставить фрагмент в базу" + method);
   EXPECT_EQ(Count(L"FRAGMENT"), 0);
+  EXPECT_EQ(Count(L"OBJECTPROJECTION"), 0);
 
   // A standard type takes its standard name; a user type with a standard
   // name is that standard direction.
@@ -433,6 +440,13 @@ TEST_F(Content, ProjectionsFollowTheirRulesAndARefusalChangesNothing) {
   EXPECT_EQ(find(L"вид Б", 7, 0), second);
   EXPECT_FAILS(find(L"вид Б", 7, 1));
 
+  EXPECT_FAILS(projection_SetType(second, 7, L"вид А"), duplicate + " [CStdPrj::_SetType]");
+  EXPECT_FAILS(projection_SetType(second, 3, L""), duplicate + " [CStdPrj::_SetType]");
+  EXPECT_FAILS(projection_SetType(second, 8, L""), "Неизвестная проекция [CStdPrj::_SetType]");
+  EXPECT_FAILS(projections_DeleteProjection(list, copy),
+               "Переданная проекция не принадлежит текущему списку проекций [CStdProjs::_DeleteProjection]");
+  EXPECT_EQ(ProjectionRows(502), (Texts{L"1" + tail, L"3" + tail, N(a) + tail, N(b) + tail}));
+  EXPECT_EQ(ProjectionRows(503), Texts{N(a) + tail});
   EXPECT_FAILS(projection_SetViewType(back, 0), duplicate + " [CStdPrj::_SetViewType]");
   EXPECT_FAILS(projection_SetViewType(back, 3), "Неизвестный тип проекции [CStdPrj::_SetViewType]");
   ASSERT_TRUE(projection_SetViewType(back, 2));
