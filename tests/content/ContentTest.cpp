@@ -433,6 +433,7 @@ TEST_F(Content, ProjectionsFollowTheirRulesAndARefusalChangesNothing) {
   EXPECT_FAILS(find(L"", 8, -1), "Неизвестный тип проекции" + findMethod);
   EXPECT_FAILS(find(L"", 1, 3), "Неизвестный тип вида" + findMethod);
   EXPECT_FAILS(find(L"", 3, -1));
+  EXPECT_FAILS(find(L"", -2, 0));
   EXPECT_FAILS(find(nullptr, 3, 0));
   EXPECT_EQ(find(L"", 3, 0), back);
   EXPECT_EQ(find(L"сзади", 3, -1), back);
