@@ -296,6 +296,11 @@ TEST_F(Content, SetModelExChecksItsArgumentsFirstAndARefusalChangesNothing) {
   EXPECT_EQ(TemplateOf(L"S1")->GetModelId(), 300);
   EXPECT_STREQ(model_GetDigest(shared), L"m300");
 
+  // A model is named by its id alone.
+  EXPECT_FAILS(model_SetName(shared, L"имя"), " (fun: model_SetName) Неизвестное исключение");
+  EXPECT_FAILS(model_SetName(shared, nullptr));
+  EXPECT_STREQ(model_GetModelName(shared), L"300");
+
   // A null model is an empty one; anything else of it is a failure.
   EXPECT_EQ(Captured([] { return model_IsEmpty(nullptr); }), Quietly(true));
   EXPECT_FAILS(model_GetDigest(nullptr), "Передан нулевой указатель на объект model (fun: model_GetDigest)");
