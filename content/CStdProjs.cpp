@@ -143,7 +143,9 @@ CStdPrj* CStdProjs::_FindProjection(const std::wstring& name, std::int32_t type,
     Report(L"Оба параметра не могут быть пропущены", kMethod);
     return nullptr;
   }
-  if (typeGiven && (type <= 0 || type > kUserProjection)) {
+  // Only 0 and codes past 7 are refused: another negative type is no code
+  // at all and simply matches no entry.
+  if (typeGiven && (type == 0 || type > kUserProjection)) {
     Report(L"Неизвестный тип проекции", kMethod);
     return nullptr;
   }
