@@ -78,9 +78,10 @@ std::int32_t ByteData::LoadFile(const std::wstring& path) {
 }
 
 std::int32_t ByteData::SaveFile(const std::wstring& path) const {
+  // Nothing to write leaves no empty file behind, which nobody would delete.
+  if (Empty()) return 0;
   File file = OpenFile(path, "wb");
   if (!file) return 0;
-  if (Empty()) return 0;
   const std::size_t written = std::fwrite(data_, 1, static_cast<std::size_t>(size_), file.get());
   if (std::fflush(file.get()) != 0) return 0;
   return static_cast<std::int32_t>(written);
