@@ -27,6 +27,17 @@ CStandartSize* FindSize(ICommandSession& session, const std::wstring& packetName
   return packet->GetRootFolder()->FindStdSize(identifier);
 }
 
+// The records a client may hold if the template's list has been read, else
+// the rows as this document's transaction sees them. A list read only to be
+// dropped at once would cost an attachment of its own per command.
+std::vector<std::int32_t> SpecIdsOf(ICommandSession& session, IContentStore& content, std::int32_t templateId) {
+  const SpecList* cached = content.CachedSpecs(templateId);
+  if (cached == nullptr) return session.SpecIds(templateId);
+  std::vector<std::int32_t> ids;
+  for (const auto& spec : *cached) ids.push_back(spec->GetId());
+  return ids;
+}
+
 }  // namespace
 
 bool CSpecCommand::Run(ICommandSession& session, const pugi::xml_node& command) {
@@ -43,9 +54,9 @@ bool CSpecCommand::Run(ICommandSession& session, const pugi::xml_node& command) 
   CTemplate* owner = size->GetTemplate();
   const std::int32_t templateId = owner->GetId();
   IContentStore& content = owner->GetTable()->Store().Content();
-  const SpecList& specs = content.GetSpecs(owner);
-  for (const auto& spec : specs) session.DeleteSpecColumns(spec->GetId());
-  if (!specs.empty()) session.DeleteSpecs(templateId);
+  const std::vector<std::int32_t> oldSpecs = SpecIdsOf(session, content, templateId);
+  for (const std::int32_t specId : oldSpecs) session.DeleteSpecColumns(specId);
+  if (!oldSpecs.empty()) session.DeleteSpecs(templateId);
   // The old records die here; the next request reads the new rows.
   content.DropSpecs(templateId);
 

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 class CPacket;
 
@@ -19,6 +20,9 @@ class ICommandSession {
 
   // The first packet of the provider with exactly this name, or null.
   virtual CPacket* FindPacket(const std::wstring& name) = 0;
+  // The ids of the template's specification records as this transaction
+  // sees them.
+  virtual std::vector<std::int32_t> SpecIds(std::int32_t templateId) = 0;
 
   virtual void DeleteSpecColumns(std::int32_t specId) = 0;
   virtual void DeleteSpecs(std::int32_t templateId) = 0;

@@ -81,6 +81,8 @@ class IContentStore {
   // The template's records, read once and kept until the caches are
   // cleared or a command replaces them.
   virtual const SpecList& GetSpecs(CTemplate* owner) = 0;
+  // The template's records if they have been read, else null.
+  virtual const SpecList* CachedSpecs(std::int32_t templateId) = 0;
   // Forgets the template's records; their handles die.
   virtual void DropSpecs(std::int32_t templateId) = 0;
   // The stored columns of a record; false when they could not be read.

@@ -88,6 +88,10 @@ class CDataProvider {
   const std::wstring* _GetFilePath(const FileRecord& record);
   // The template's specification records, read on the first request.
   const SpecList& GetSpecs(CTemplate* owner);
+  const SpecList* CachedSpecs(std::int32_t templateId) const {
+    const auto found = specCache_.find(templateId);
+    return found == specCache_.end() ? nullptr : &found->second;
+  }
   // Forgets the template's records; their handles die.
   void DropSpecs(std::int32_t templateId) { specCache_.erase(templateId); }
   const ByteData* GetRepresentation(std::int32_t templateId);

@@ -6,7 +6,7 @@
 #include "storage/DbText.h"
 #include "storage/OperationSupport.h"
 
-CommandOperation::CommandOperation(CDataProvider* provider) : BaseOperation(provider), statement_(NewStatement()) {}
+CommandOperation::CommandOperation(CDataProvider* provider) : BaseOperation(provider) {}
 
 bool CommandOperation::RunCommand(CDataProvider* provider, const std::wstring& text) {
   pugi::xml_document document;
@@ -19,14 +19,25 @@ bool CommandOperation::RunCommand(CDataProvider* provider, const std::wstring& t
 }
 
 IBPP::Statement& CommandOperation::Prepared(const char* sql) {
-  if (prepared_ != sql) {
-    statement_.Prepare(sql);
-    prepared_ = sql;
+  auto found = statements_.find(sql);
+  if (found == statements_.end()) {
+    found = statements_.emplace(sql, NewStatement()).first;
+    found->second.Prepare(sql);
   }
-  return statement_;
+  return found->second;
 }
 
 CPacket* CommandOperation::FindPacket(const std::wstring& name) { return Provider()->GetPacketByName(name); }
+
+std::vector<std::int32_t> CommandOperation::SpecIds(std::int32_t templateId) {
+  IBPP::Statement& statement =
+      Prepared("SELECT ID, LIBNAME, STYLENUMBER, FIRSTPART, SECONDPART FROM SPECIFICATION WHERE IDOBJECT = ?");
+  statement.Set(1, templateId);
+  statement.Execute();
+  std::vector<std::int32_t> ids;
+  while (statement.Fetch()) ids.push_back(ReadInt(statement, 1));
+  return ids;
+}
 
 void CommandOperation::DeleteSpecColumns(std::int32_t specId) {
   IBPP::Statement& statement = Prepared("DELETE FROM SPECIFICATIONCOLUMN WHERE SPECIFICATIONID = ?");

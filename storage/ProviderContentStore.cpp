@@ -72,6 +72,10 @@ const std::wstring* ProviderContentStore::GetFilePath(const FileRecord& record) 
 
 const SpecList& ProviderContentStore::GetSpecs(CTemplate* owner) { return provider_.GetSpecs(owner); }
 
+const SpecList* ProviderContentStore::CachedSpecs(std::int32_t templateId) {
+  return provider_.CachedSpecs(templateId);
+}
+
 void ProviderContentStore::DropSpecs(std::int32_t templateId) { provider_.DropSpecs(templateId); }
 
 bool ProviderContentStore::LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) {

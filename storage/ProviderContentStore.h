@@ -38,6 +38,7 @@ class ProviderContentStore final : public IContentStore {
   bool LoadFiles(CStdFiles* files) override;
   const std::wstring* GetFilePath(const FileRecord& record) override;
   const SpecList& GetSpecs(CTemplate* owner) override;
+  const SpecList* CachedSpecs(std::int32_t templateId) override;
   void DropSpecs(std::int32_t templateId) override;
   bool LoadSpecColumns(std::int32_t specId, std::vector<CSpec::StoredColumn>& columns) override;
   const ByteData* GetRepresentation(std::int32_t templateId) override;
