@@ -6,7 +6,7 @@
 #include "storage/DbText.h"
 #include "storage/OperationSupport.h"
 
-CommandOperation::CommandOperation(CDataProvider* provider) : BaseOperation(provider), statement_(NewStatement()) {}
+CommandOperation::CommandOperation(CDataProvider* provider) : BaseOperation(provider) {}
 
 bool CommandOperation::RunCommand(CDataProvider* provider, const std::wstring& text) {
   pugi::xml_document document;
@@ -19,11 +19,11 @@ bool CommandOperation::RunCommand(CDataProvider* provider, const std::wstring& t
 }
 
 IBPP::Statement& CommandOperation::Prepared(const char* sql) {
-  if (prepared_ != sql) {
-    statement_.Prepare(sql);
-    prepared_ = sql;
-  }
-  return statement_;
+  for (auto& [text, statement] : statements_)
+    if (text == sql) return statement;
+  IBPP::Statement& statement = statements_.emplace_back(sql, NewStatement()).second;
+  statement.Prepare(sql);
+  return statement;
 }
 
 CPacket* CommandOperation::FindPacket(const std::wstring& name) { return Provider()->GetPacketByName(name); }

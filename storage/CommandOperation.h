@@ -1,4 +1,4 @@
-// CommandOperation: the one operation scope and statement of a command
+// CommandOperation: the one operation scope, and its statements, of a command
 // document run. Every command of the document writes on it, so the document
 // commits whole when at least one command of a known kind ran, and leaves no
 // trace otherwise, or when anything throws.
@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "commands/ICommandSession.h"
 #include "storage/BaseOperation.h"
@@ -26,10 +28,11 @@ class CommandOperation final : public BaseOperation, public ICommandSession {
 
  private:
   explicit CommandOperation(CDataProvider* provider);
-  // Prepares `sql` unless it is the statement's present text: a document of
-  // a thousand commands runs few distinct statements.
+  // The statement of `sql` on this scope, prepared on its first use. A
+  // command alternates between its statements row by row, so one statement
+  // re-prepared at every switch cost a prepare per row; a document of a
+  // thousand commands runs four distinct texts.
   IBPP::Statement& Prepared(const char* sql);
 
-  IBPP::Statement statement_;
-  const char* prepared_ = nullptr;
+  std::vector<std::pair<const char*, IBPP::Statement>> statements_;
 };
