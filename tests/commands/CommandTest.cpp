@@ -95,6 +95,16 @@ TEST_F(Commands, AMissingSizeIsReportedAndTheRestCommits) {
                                           "[CSpecCommand::Run]"})));
 }
 
+// Nothing read the template's list before: the second command finds the
+// first one's rows on the document's own transaction and replaces them.
+TEST_F(Commands, TwoCommandsOnOneTemplateLeaveOnlyTheSecondsRecords) {
+  const std::wstring second = L"<spec libName=\"вторая\"><column num=\"7\" formula=\"{A7}\"/></spec>";
+  ASSERT_EQ(Run(Doc(CreateSpec(L"S1", kTwoSpecs) + CreateSpec(L"S2", second))), Quietly(true));
+  EXPECT_EQ(StoredSpecs(501), Texts{L"вторая|0|0|0|7={A7}"});
+  EXPECT_EQ(Count(L"SPECIFICATIONCOLUMN WHERE SPECIFICATIONID NOT IN (SELECT ID FROM SPECIFICATION)"), 0);
+  EXPECT_EQ(SeenSpecs(s1_), Texts{L"вторая|0|0|0|7={A7}"});
+}
+
 TEST_F(Commands, AFailureInTheDatabaseRollsBackTheWholeDocument) {
   Sql().Execute(L"CREATE EXCEPTION E_REFUSED 'refused'");
   Sql().Execute(
