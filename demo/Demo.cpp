@@ -134,6 +134,31 @@ void TourOfATable(LxDataProvider* provider) {
   }
 }
 
+// Replaces the specifications of a bend's template with a command document,
+// then reads them back through another size of the same template.
+void TourOfSpecifications(LxDataProvider* provider) {
+  const wchar_t* document =
+      L"<commands><command type=\"create_spec\"><stdSize packet=\"Воздуховоды\" id=\"ОТ-100\"/>"
+      L"<spec libName=\"ГОСТ\" styleNum=\"1\" firstPart=\"2\" secondPart=\"0\">"
+      L"<column num=\"1\" formula=\"Отвод {A21}\"/><column num=\"2\" formula=\"{A22}°\"/></spec>"
+      L"</command></commands>";
+  std::wprintf(L"\nA command document replaces the specifications of \"ОТ-100\": %ls\n",
+               provider_RunCommand(provider, document) ? L"done" : L"failed");
+  LxStdSize* size = packet_FindStdSize(provider_GetPacketByName(provider, L"Воздуховоды"), L"ОТ-100");
+  for (int32_t i = 0; i < stdsize_GetSpecificationCount(size); ++i) {
+    LxSpec* spec = stdsize_GetSpecification(size, i);
+    std::wprintf(L"  \"%ls\" style %d, parts %d/%d\n", spec_LibName(spec), spec_Style(spec), spec_FirstPart(spec),
+                 spec_SecondPart(spec));
+    for (int32_t c = 0; c < spec_ColumnCount(spec); ++c)
+      std::wprintf(L"    column %d: %ls\n", spec_ColumnNumber(spec, c), spec_ColumnFormula(spec, c));
+  }
+  unsigned char block[] = "<representation kind=\"bend\"/>";
+  unsigned char* data = nullptr;
+  int32_t length = 0;
+  if (stdsize_SetRepresentationData(size, block, sizeof block - 1) && stdsize_GetRepresentationData(size, &data, &length))
+    std::wprintf(L"Representation data: %d bytes stored and read back\n", length);
+}
+
 std::wstring DemoDatabasePath() {
   const char* tmp = std::getenv("TMP");
   if (tmp == nullptr || *tmp == '\0') tmp = std::getenv("TMPDIR");
@@ -179,6 +204,7 @@ int main() {
 
   TourOfATable(provider);
   TourOfContent(provider, std::filesystem::path(database).parent_path());
+  TourOfSpecifications(provider);
 
   lxDeleteProviderPool(pool);
   std::error_code ignored;
