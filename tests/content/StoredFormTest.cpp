@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "content/ByteData.h"
-#include "content/Digest.h"
+#include "platform/Digest.h"
 
 namespace lxtest {
 namespace {
