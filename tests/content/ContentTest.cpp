@@ -351,6 +351,40 @@ TEST_F(Content, AChangeOnOneSizeOfASharedTemplateGivesThatSizeATemplateOfItsOwn)
   check();
 }
 
+// Type, view type and fragment change the template's row itself: every size
+// of the template sees it, and no size is split off.
+TEST_F(Content, ChangesOfARowReachTheWholeTemplate) {
+  Sql().Execute({L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (400, x'00', x'00', 'f400')",
+                 L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (401, x'00', x'00', 'f401')",
+                 L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (1, 400, 501, 0)",
+                 L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (2, 401, 501, 2)"});
+  ReloadAndWalk();
+  LxProjections* s1 = Projections(L"S1");
+  LxProjection* top = projections_FindProjection(s1, L"", 1, 0);
+  LxProjection* front = projections_FindProjection(s1, L"", 2, 2);
+  ASSERT_TRUE(top && front);
+
+  ASSERT_TRUE(projection_SetViewType(top, 1));
+  ASSERT_TRUE(projection_SetType(front, 7, L"вид"));
+  ASSERT_TRUE(projection_SetFragment(top, front));
+  // The entry still shows its old fragment until the list is read again.
+  EXPECT_FALSE(projection_IsEqualFragment(top, front));
+  EXPECT_EQ(projection_GetDigest(top), std::wstring(L"f400"));
+
+  const std::int32_t user = Sql().Int(L"SELECT ID FROM PROJECTION WHERE NAME = 'вид'");
+  const Texts rows{L"1|401|1", N(user) + L"|401|2"};
+  EXPECT_EQ(ProjectionRows(501), rows);
+  EXPECT_EQ(Count(L"OBJECT WHERE NAME STARTING WITH 'T'"), 1);
+  ReloadAndWalk();
+  for (const std::wstring& size : {L"S1", L"S4"}) {
+    EXPECT_EQ(stdsize_GetTemplateID(Size(size)), 501);
+    LxProjections* list = Projections(size);
+    ASSERT_EQ(projections_GetProjectioCount(list), 2);
+    EXPECT_TRUE(projection_IsEqualFragment(projections_GetProjection(list, 0), projections_GetProjection(list, 1)));
+    EXPECT_EQ(projection_GetName(projections_GetProjection(list, 1)), std::wstring(L"вид"));
+  }
+}
+
 TEST_F(Content, AModelWithoutDataFailsEachTimeUntilItHasSome) {
   LxModel* model = Model(L"S1");
   Sql().Execute(L"UPDATE MODEL SET MODEL = '' WHERE ID = 300");
