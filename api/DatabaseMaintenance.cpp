@@ -9,12 +9,11 @@
 #include <span>
 
 #include "api/EditorTool.h"
+#include "platform/Files.h"
 #include "platform/TextCodec.h"
 #include "storage/EmptyCatalogImage.h"
 
 namespace {
-
-std::filesystem::path FilePath(const std::wstring& path) { return WideToUtf8(path); }
 
 // Closes the descriptor on every path out.
 class FileDescriptor {

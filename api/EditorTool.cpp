@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/Files.h"
 #include "platform/ModulePaths.h"
 #include "platform/Process.h"
 #include "platform/TextCodec.h"
@@ -38,7 +39,7 @@ std::wstring EditorTool::CommandLine(std::wstring_view toolPath, std::wstring_vi
 
 bool EditorTool::Run(std::wstring_view option, std::wstring_view target, std::wstring_view extra) {
   const std::wstring tool = Path();
-  if (!std::filesystem::exists(WideToUtf8(tool))) return false;
+  if (!std::filesystem::exists(FilePath(tool))) return false;
   const std::optional<int> exitCode = RunAndWait(CommandLine(tool, option, target, extra));
   return exitCode == 0;
 }

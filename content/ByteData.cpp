@@ -60,7 +60,7 @@ void ByteData::Replace(unsigned char* data, std::int32_t size, bool owned) {
 }
 
 unsigned char* ByteData::Allocate(std::int32_t size) {
-  Replace(new unsigned char[static_cast<std::size_t>(std::max(size, 0)) + 1], size, true);
+  Replace(new unsigned char[static_cast<std::size_t>(std::max(size, 0))], size, true);
   return data_;
 }
 

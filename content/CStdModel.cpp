@@ -1,6 +1,5 @@
 #include "content/CStdModel.h"
 
-#include <filesystem>
 #include <memory>
 
 #include "catalog/CFolderTable.h"
@@ -11,14 +10,9 @@
 #include "content/IContentStore.h"
 #include "content/ModelInfo.h"
 #include "platform/Report.h"
-#include "platform/TextCodec.h"
+#include "platform/Files.h"
 
 namespace {
-
-bool FileExists(const std::wstring& path) {
-  std::error_code error;
-  return std::filesystem::exists(std::filesystem::path(WideToUtf8(path)), error);
-}
 
 }  // namespace
 
@@ -95,19 +89,13 @@ bool CStdModel::_SetModel(CStdModel* other) {
 bool CStdModel::_SetModelEx(const std::wstring& path, const std::wstring& iconPath, const std::wstring& digest,
                             std::int32_t version) {
   constexpr const char* kMethod = "CStdModel::_SetModelEx";
-  const std::pair<bool, const wchar_t*> checks[] = {
-      {path.empty(), L"Требуется задать путь до модели"},
-      {!FileExists(path), L"Требуется задать реальный путь до модели"},
-      {iconPath.empty(), L"Требуется задать путь до иконки"},
-      {!FileExists(iconPath), L"Требуется задать реальный путь до иконки"},
-      {digest.empty(), L"Требуется задать crc модели"},
-  };
-  for (const auto& [failed, message] : checks) {
-    if (failed) {
-      Report(message, kMethod);
-      return false;
-    }
-  }
+  if (ReportFirstFailure({{path.empty(), L"Требуется задать путь до модели"},
+                          {!FileExists(path), L"Требуется задать реальный путь до модели"},
+                          {iconPath.empty(), L"Требуется задать путь до иконки"},
+                          {!FileExists(iconPath), L"Требуется задать реальный путь до иконки"},
+                          {digest.empty(), L"Требуется задать crc модели"}},
+                         kMethod))
+    return false;
   std::int32_t id = Store().FindModelByDigest(digest);
   if (id == 0) id = Store().CreateModel(path, iconPath, digest, version);
   if (id == 0) {

@@ -12,8 +12,7 @@
 #include "platform/Report.h"
 
 CStdPrj::CStdPrj(CStdProjs* list, Row row, std::int32_t type)
-    : owner_(list->GetStdSize()),
-      list_(list),
+    : list_(list),
       name_(std::move(row.name)),
       digest_(std::move(row.digest)),
       type_(type),
@@ -21,10 +20,12 @@ CStdPrj::CStdPrj(CStdProjs* list, Row row, std::int32_t type)
       viewType_(row.viewType),
       fragmentId_(row.fragmentId) {}
 
+CStandartSize* CStdPrj::GetStdSize() const { return list_->GetStdSize(); }
+
 IContentStore& CStdPrj::Store() const { return list_->Store(); }
 
 bool CStdPrj::SameAs(const CStdPrj& other) const {
-  return owner_->SameAs(*other.owner_) && fragmentId_ == other.fragmentId_ && name_ == other.name_ &&
+  return GetStdSize()->SameAs(*other.GetStdSize()) && fragmentId_ == other.fragmentId_ && name_ == other.name_ &&
          digest_ == other.digest_ && type_ == other.type_ && viewType_ == other.viewType_;
 }
 
@@ -70,7 +71,7 @@ bool CStdPrj::_SetViewType(std::int32_t viewType) {
 }
 
 bool CStdPrj::_GetIconData(unsigned char** data, std::int32_t* size) {
-  const std::int32_t packetId = owner_->GetTemplate()->GetTable()->GetFolder()->GetPacket()->GetId();
+  const std::int32_t packetId = GetStdSize()->GetTemplate()->GetTable()->GetFolder()->GetPacket()->GetId();
   const ByteData* icon = Store().GetFragmentIcon(packetId, fragmentId_);
   if (icon == nullptr) {
     Report(L"Проблема получения иконки модели из кэша", "CStdPrj::_GetIconData");

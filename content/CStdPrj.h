@@ -29,7 +29,7 @@ class CStdPrj {
   CStdPrj(const CStdPrj&) = delete;
   CStdPrj& operator=(const CStdPrj&) = delete;
 
-  CStandartSize* GetStdSize() const { return owner_; }
+  CStandartSize* GetStdSize() const;
   CStdProjs* GetList() const { return list_; }
   const std::wstring& GetName() const { return name_; }
   const std::wstring& GetDigest() const { return digest_; }
@@ -55,7 +55,6 @@ class CStdPrj {
  private:
   IContentStore& Store() const;
 
-  CStandartSize* owner_;
   CStdProjs* list_;
   std::wstring name_;
   std::wstring digest_;

@@ -1,7 +1,6 @@
 #include "content/CStdProjs.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
@@ -10,17 +9,12 @@
 #include "content/IContentStore.h"
 #include "content/ProjectionTypes.h"
 #include "platform/Report.h"
-#include "platform/TextCodec.h"
+#include "platform/Files.h"
 
 namespace {
 
 constexpr const wchar_t* kDuplicate = L"В данном списке проекций уже есть проекция данного типа";
 constexpr const wchar_t* kAddFailed = L"Проблема с базой, не смогли добавить проекцию";
-
-bool FileExists(const std::wstring& path) {
-  std::error_code error;
-  return std::filesystem::exists(std::filesystem::path(WideToUtf8(path)), error);
-}
 
 }  // namespace
 
@@ -86,21 +80,15 @@ CStdPrj* CStdProjs::_AddProjectionEx(const std::wstring& path, const std::wstrin
   constexpr const char* kMethod = "CStdProjs::_AddProjectionEx";
   if (!Loaded(kMethod)) return nullptr;
   const bool knownType = type >= 1 && type <= kUserProjection;
-  const std::pair<bool, const wchar_t*> checks[] = {
-      {path.empty(), L"Требуется задать путь до фрагмента"},
-      {!FileExists(path), L"Требуется задать реальный путь до фрагмента"},
-      {iconPath.empty(), L"Требуется задать путь до иконки"},
-      {!FileExists(iconPath), L"Требуется задать реальный путь до иконки"},
-      {digest.empty(), L"Требуется задать crc фрагмента"},
-      {!knownType, L"Неизвестная проекция"},
-      {!IsViewType(viewType), L"Неизвестный тип проекции"},
-  };
-  for (const auto& [failed, message] : checks) {
-    if (failed) {
-      Report(message, kMethod);
-      return nullptr;
-    }
-  }
+  if (ReportFirstFailure({{path.empty(), L"Требуется задать путь до фрагмента"},
+                          {!FileExists(path), L"Требуется задать реальный путь до фрагмента"},
+                          {iconPath.empty(), L"Требуется задать путь до иконки"},
+                          {!FileExists(iconPath), L"Требуется задать реальный путь до иконки"},
+                          {digest.empty(), L"Требуется задать crc фрагмента"},
+                          {!knownType, L"Неизвестная проекция"},
+                          {!IsViewType(viewType), L"Неизвестный тип проекции"}},
+                         kMethod))
+    return nullptr;
   if (Clashes(type, name, viewType)) {
     Report(kDuplicate, kMethod);
     return nullptr;

@@ -1,10 +1,7 @@
 #include "content/TempPath.h"
 
-#include <filesystem>
-#include <system_error>
-
+#include "platform/Files.h"
 #include "platform/TempFolder.h"
-#include "platform/TextCodec.h"
 
 namespace {
 
@@ -17,17 +14,12 @@ const std::wstring& BaseFolder() {
   return base;
 }
 
-bool Taken(const std::wstring& path) {
-  // A path that cannot even be looked at counts as free: writing the file
-  // there fails and is reported, where counting on would never end.
-  std::error_code error;
-  return std::filesystem::exists(std::filesystem::path(WideToUtf8(path)), error);
-}
-
 }  // namespace
 
 std::wstring MakeTempPath(const std::wstring& name, const std::wstring& extension) {
   std::wstring path = BaseFolder() + name + extension;
-  for (long long n = 2; Taken(path); ++n) path = BaseFolder() + name + L" (" + std::to_wstring(n) + L")" + extension;
+  // A path that cannot even be looked at counts as free: writing the file
+  // there fails and is reported, where counting on would never end.
+  for (long long n = 2; FileExists(path); ++n) path = BaseFolder() + name + L" (" + std::to_wstring(n) + L")" + extension;
   return path;
 }

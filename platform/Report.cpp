@@ -19,3 +19,13 @@ void ReportIndexOutOfRange(std::int64_t index, std::int64_t count, const char* m
   Report(text.str(), method);
 }
 
+
+bool ReportFirstFailure(std::initializer_list<ArgumentCheck> checks, const char* method) {
+  for (const ArgumentCheck& check : checks) {
+    if (check.failed) {
+      Report(check.message, method);
+      return true;
+    }
+  }
+  return false;
+}

@@ -1,6 +1,8 @@
 #include "storage/BaseOperation.h"
 
+#include "platform/Report.h"
 #include "platform/TextCodec.h"
+#include "storage/BlobTransfer.h"
 #include "storage/CDataProvider.h"
 
 #include <stdexcept>
@@ -58,3 +60,18 @@ IBPP::Transaction& BaseOperation::GetTransaction() {
 IBPP::Statement BaseOperation::NewStatement() { return IBPP::Statement(GetDatabase(), GetTransaction()); }
 
 IBPP::Blob BaseOperation::NewBlob() { return IBPP::Blob(GetDatabase(), GetTransaction()); }
+
+ByteDataPtr BaseOperation::ReadContentById(IBPP::Statement& statement, const char* sql, std::int32_t id, int column,
+                                           std::wstring_view noRow, std::wstring_view noData, const char* method) {
+  statement.Prepare(sql);
+  statement.Set(1, id);
+  statement.Execute();
+  if (!statement.Fetch()) {
+    Report(std::wstring(noRow) + std::to_wstring(id) + L" из базы", method);
+    return nullptr;
+  }
+  IBPP::Blob blob = NewBlob();
+  ByteDataPtr content = LoadBlobColumn(statement, column, blob);
+  if (!content) Report(noData, method);
+  return content;
+}

@@ -10,6 +10,7 @@
 // and does nothing when it ends.
 #pragma once
 
+#include "content/ByteData.h"
 #include "storage/ibpp/IBPP.h"
 
 #include <cstdint>
@@ -52,6 +53,12 @@ class BaseOperation {
   // it before the scope ends.
   IBPP::Statement NewStatement();
   IBPP::Blob NewBlob();
+  // Stored content in `column` of the row that `sql` selects by its one
+  // parameter, `id`; the statement stays on that row for its other columns.
+  // Null when there is no row (reported as `noRow`, the id, " из базы") or
+  // no data (reported as `noData`), for `method`.
+  ByteDataPtr ReadContentById(IBPP::Statement& statement, const char* sql, std::int32_t id, int column,
+                              std::wstring_view noRow, std::wstring_view noData, const char* method);
 
  private:
   bool LoadPacketsAndFolders();

@@ -121,6 +121,18 @@ class CDataProvider {
   struct Slot {
     std::int32_t key = -1;
     ByteDataPtr value;
+
+    // The value for `id`, read by `read` unless the slot holds it already.
+    // The old bytes go first: a client may hold only one of each kind.
+    template <typename Read>
+    const ByteData* Get(std::int32_t id, Read&& read) {
+      if (key != id) {
+        *this = Slot{};
+        value = read();
+        key = id;
+      }
+      return value.get();
+    }
   };
   // Deletes the files written for clients and forgets all content.
   void ClearContent();

@@ -22,21 +22,12 @@ std::unique_ptr<ModelInfo> ModelOperation::GetModel(CStdModel* model, const std:
   const std::int32_t id = model->GetModelId();
   ModelOperation operation(ProviderOf(model->GetStdSize()));
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare(operation.HasOrientation()
-                        ? "SELECT MODEL, DIGEST, MODEL_VERSION, ORIENTATION FROM MODEL WHERE ID=?"
-                        : "SELECT MODEL, DIGEST, MODEL_VERSION, 0 AS ORIENTATION FROM MODEL WHERE ID=?");
-  statement.Set(1, id);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить модель " + std::to_wstring(id) + L" из базы", kMethod);
-    return nullptr;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  const ByteDataPtr data = LoadBlobColumn(statement, 1, blob);
-  if (!data) {
-    Report(L"Ошибка при чтении модели из блоба", kMethod);
-    return nullptr;
-  }
+  const ByteDataPtr data = operation.ReadContentById(
+      statement,
+      operation.HasOrientation() ? "SELECT MODEL, DIGEST, MODEL_VERSION, ORIENTATION FROM MODEL WHERE ID=?"
+                                 : "SELECT MODEL, DIGEST, MODEL_VERSION, 0 AS ORIENTATION FROM MODEL WHERE ID=?",
+      id, 1, L"Не смогли получить модель ", L"Ошибка при чтении модели из блоба", kMethod);
+  if (!data) return nullptr;
   if (data->SaveFile(path) == 0) {
     Report(L"Ошибка при записи модели в файл " + path, kMethod);
     return nullptr;
@@ -52,20 +43,11 @@ std::unique_ptr<ModelInfo> ModelOperation::GetModel(CStdModel* model, const std:
 }
 
 ByteDataPtr ModelOperation::GetModelIcon(CDataProvider* provider, std::int32_t modelId) {
-  constexpr const char* kMethod = "ModelOperation::GetModelIcon";
   ModelOperation operation(provider);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("SELECT THUMBNAIL FROM MODEL WHERE ID=?");
-  statement.Set(1, modelId);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить иконку модели " + std::to_wstring(modelId) + L" из базы", kMethod);
-    return nullptr;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  ByteDataPtr icon = LoadBlobColumn(statement, 1, blob);
-  if (!icon) Report(L"Ошибка при чтении иконки модели из блоба", kMethod);
-  return icon;
+  return operation.ReadContentById(statement, "SELECT THUMBNAIL FROM MODEL WHERE ID=?", modelId, 1,
+                                   L"Не смогли получить иконку модели ", L"Ошибка при чтении иконки модели из блоба",
+                                   "ModelOperation::GetModelIcon");
 }
 
 std::int32_t ModelOperation::FindModelByDigest(CDataProvider* provider, const std::wstring& digest) {
@@ -105,10 +87,7 @@ std::int32_t ModelOperation::CreateModel(CDataProvider* provider, const std::wst
 
 bool ModelOperation::SetOtherModel(CStdModel* model, std::int32_t modelId) {
   CStandartSize* size = model->GetStdSize();
-  if (size->GetTemplate()->SizeCount() >= 2 && !TableOf(size)->CreateTemplateFor(size)) {
-    Report(L"Не могли перенести типоразмер в новый темплейт", "ModelOperation::SetOtherModel");
-    return false;
-  }
+  if (!SplitOffSize(size, "ModelOperation::SetOtherModel")) return false;
   ModelOperation operation(ProviderOf(size));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();

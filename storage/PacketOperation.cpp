@@ -10,17 +10,6 @@
 #include "storage/DbText.h"
 #include "storage/OperationSupport.h"
 
-namespace {
-
-// Runs INSERT ... RETURNING ID and gives the new id; a null reads as 0.
-std::int32_t ReturnedId(IBPP::Statement& statement) {
-  std::int32_t id = 0;
-  statement.Get("ID", id);
-  return id;
-}
-
-}  // namespace
-
 std::unique_ptr<CPacket> PacketOperation::AddPacket(CDataProvider* provider, const std::wstring& name) {
   PacketOperation operation(provider);
   CommitGuard guard(operation);
@@ -28,13 +17,13 @@ std::unique_ptr<CPacket> PacketOperation::AddPacket(CDataProvider* provider, con
   statement.Prepare("INSERT INTO FOLDER (NAME, ID_PARENT) VALUES (?, NULL) RETURNING ID");
   SetDbText(statement, 1, name);
   statement.Execute();
-  const std::int32_t folderId = ReturnedId(statement);
+  const std::int32_t folderId = ReadInt(statement, "ID");
 
   statement.Prepare("INSERT INTO PACKET (PACKETID, FOLDERID) VALUES (?, ?) RETURNING ID");
   SetDbText(statement, 1, name);
   statement.Set(2, folderId);
   statement.Execute();
-  const std::int32_t packetId = ReturnedId(statement);
+  const std::int32_t packetId = ReadInt(statement, "ID");
 
   auto packet = std::make_unique<CPacket>(packetId, name, provider, provider->Store());
   packet->SetRootFolder(std::make_unique<CFolder>(folderId, name));
@@ -62,7 +51,7 @@ std::unique_ptr<CFolder> PacketOperation::AddChildFolder(CFolder* parent, const 
   SetDbText(statement, 1, name);
   statement.Set(2, parent->GetId());
   statement.Execute();
-  auto folder = std::make_unique<CFolder>(ReturnedId(statement), name);
+  auto folder = std::make_unique<CFolder>(ReadInt(statement, "ID"), name);
   folder->SetPacket(parent->GetPacket());
   guard.Commit();
   return folder;
@@ -144,20 +133,12 @@ bool PacketOperation::LoadFiles(CStdFiles* files) {
 }
 
 ByteDataPtr PacketOperation::GetFile(CDataProvider* provider, const FileRecord& record) {
-  constexpr const char* kMethod = "PacketOperation::GetFile";
   PacketOperation operation(provider);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("SELECT DATAFILE FROM FILES WHERE ID=?");
-  statement.Set(1, record.id);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить file = " + std::to_wstring(record.id) + L" из базы", kMethod);
-    return nullptr;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  ByteDataPtr data = LoadBlobColumn(statement, 1, blob);
-  if (!data) Report(L"Ошибка при чтении file = " + std::to_wstring(record.id) + L" из блоба", kMethod);
-  return data;
+  return operation.ReadContentById(statement, "SELECT DATAFILE FROM FILES WHERE ID=?", record.id, 1,
+                                   L"Не смогли получить file = ",
+                                   L"Ошибка при чтении file = " + std::to_wstring(record.id) + L" из блоба",
+                                   "PacketOperation::GetFile");
 }
 
 SpecList PacketOperation::LoadSpecs(CDataProvider* provider, CTemplate* owner) {
@@ -196,19 +177,10 @@ bool PacketOperation::LoadSpecColumns(CDataProvider* provider, std::int32_t spec
 }
 
 ByteDataPtr PacketOperation::GetRepresitation(CDataProvider* provider, std::int32_t templateId) {
-  constexpr const char* kMethod = "PacketOperation::GetRepresitation";
   PacketOperation operation(provider);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare(
-      "SELECT R.ID, R.DATA FROM OBJECT O INNER JOIN REPRESENTATION R ON R.ID=O.REPRESENTATIONID WHERE O.ID=?");
-  statement.Set(1, templateId);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить represitation " + std::to_wstring(templateId) + L" из базы", kMethod);
-    return nullptr;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  ByteDataPtr data = LoadBlobColumn(statement, 2, blob);
-  if (!data) Report(L"Ошибка при чтении represitation из блоба", kMethod);
-  return data;
+  return operation.ReadContentById(
+      statement, "SELECT R.ID, R.DATA FROM OBJECT O INNER JOIN REPRESENTATION R ON R.ID=O.REPRESENTATIONID WHERE O.ID=?",
+      templateId, 2, L"Не смогли получить represitation ", L"Ошибка при чтении represitation из блоба",
+      "PacketOperation::GetRepresitation");
 }

@@ -43,13 +43,6 @@ bool PrjOperation::LoadProjections(CStdProjs* list) {
   return true;
 }
 
-bool PrjOperation::SplitShared(CStdProjs* list, const char* method) {
-  CStandartSize* size = list->GetStdSize();
-  if (size->GetTemplate()->SizeCount() < 2 || TableOf(size)->CreateTemplateFor(size)) return true;
-  Report(L"Не могли перенести типоразмер в новый темплейт", method);
-  return false;
-}
-
 void PrjOperation::InsertProjection(IBPP::Statement& statement, std::int32_t templateId, std::int32_t fragmentId,
                                     std::int32_t projectionId, std::int32_t viewType) {
   statement.Prepare(kInsertProjection);
@@ -61,7 +54,7 @@ void PrjOperation::InsertProjection(IBPP::Statement& statement, std::int32_t tem
 }
 
 std::unique_ptr<CStdPrj> PrjOperation::CopyProjection(CStdProjs* list, const CStdPrj& other) {
-  if (!SplitShared(list, "PrjOperation::CopyProjection")) return nullptr;
+  if (!SplitOffSize(list->GetStdSize(), "PrjOperation::CopyProjection")) return nullptr;
   PrjOperation operation(ProviderOf(list->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
@@ -120,7 +113,7 @@ std::int32_t PrjOperation::ResolveProjection(IBPP::Statement& statement, std::in
 std::unique_ptr<CStdPrj> PrjOperation::AddProjection(CStdProjs* list, std::int32_t fragmentId,
                                                      const std::wstring& digest, const std::wstring& name,
                                                      std::int32_t type, std::int32_t viewType) {
-  if (!SplitShared(list, "PrjOperation::AddProjection")) return nullptr;
+  if (!SplitOffSize(list->GetStdSize(), "PrjOperation::AddProjection")) return nullptr;
   PrjOperation operation(ProviderOf(list->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
@@ -134,7 +127,7 @@ std::unique_ptr<CStdPrj> PrjOperation::AddProjection(CStdProjs* list, std::int32
 }
 
 bool PrjOperation::DeleteProjection(CStdPrj* projection) {
-  if (!SplitShared(projection->GetList(), "PrjOperation::DeleteProjection")) return false;
+  if (!SplitOffSize(projection->GetStdSize(), "PrjOperation::DeleteProjection")) return false;
   PrjOperation operation(ProviderOf(projection->GetStdSize()));
   CommitGuard guard(operation);
   IBPP::Statement statement = operation.NewStatement();
@@ -197,19 +190,10 @@ bool PrjOperation::SaveFragmentAs(CDataProvider* provider, std::int32_t fragment
   constexpr const char* kMethod = "PrjOperation::SaveFragmentAs";
   PrjOperation operation(provider);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("SELECT FRAGMENT FROM FRAGMENT WHERE ID=?");
-  statement.Set(1, fragmentId);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить фрагмент " + std::to_wstring(fragmentId) + L" из базы", kMethod);
-    return false;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  const ByteDataPtr data = LoadBlobColumn(statement, 1, blob);
-  if (!data) {
-    Report(L"Ошибка при чтении фрагмента из блоба", kMethod);
-    return false;
-  }
+  const ByteDataPtr data =
+      operation.ReadContentById(statement, "SELECT FRAGMENT FROM FRAGMENT WHERE ID=?", fragmentId, 1,
+                                L"Не смогли получить фрагмент ", L"Ошибка при чтении фрагмента из блоба", kMethod);
+  if (!data) return false;
   if (data->SaveFile(path) == 0) {
     Report(L"Ошибка при записи фрагмента в файл " + path, kMethod);
     return false;
@@ -218,20 +202,11 @@ bool PrjOperation::SaveFragmentAs(CDataProvider* provider, std::int32_t fragment
 }
 
 ByteDataPtr PrjOperation::GetIcon(CDataProvider* provider, std::int32_t fragmentId) {
-  constexpr const char* kMethod = "PrjOperation::GetIcon";
   PrjOperation operation(provider);
   IBPP::Statement statement = operation.NewStatement();
-  statement.Prepare("SELECT THUMBNAIL FROM FRAGMENT WHERE ID = ?");
-  statement.Set(1, fragmentId);
-  statement.Execute();
-  if (!statement.Fetch()) {
-    Report(L"Не смогли получить иконку фрагмента " + std::to_wstring(fragmentId) + L" из базы", kMethod);
-    return nullptr;
-  }
-  IBPP::Blob blob = operation.NewBlob();
-  ByteDataPtr icon = LoadBlobColumn(statement, 1, blob);
-  if (!icon) Report(L"Ошибка при чтении иконки проекции из блоба", kMethod);
-  return icon;
+  return operation.ReadContentById(statement, "SELECT THUMBNAIL FROM FRAGMENT WHERE ID = ?", fragmentId, 1,
+                                   L"Не смогли получить иконку фрагмента ",
+                                   L"Ошибка при чтении иконки проекции из блоба", "PrjOperation::GetIcon");
 }
 
 std::map<std::int32_t, ByteDataPtr> PrjOperation::LoadPacketThumbnails(CDataProvider* provider,

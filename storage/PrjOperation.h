@@ -52,7 +52,4 @@ class PrjOperation : public BaseOperation {
   // Runs an UPDATE whose last three parameters find the projection's row
   // (direction, view type, template), with `value` as the first.
   static bool UpdateRow(const char* sql, std::int32_t value, const CStdPrj& projection);
-  // Gives the list's size a template of its own when it shares one; false
-  // with a report for `method` when that failed.
-  static bool SplitShared(CStdProjs* list, const char* method);
 };

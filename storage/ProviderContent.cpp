@@ -3,8 +3,6 @@
 // catalog on first request and kept until the caches are cleared.
 #include "storage/CDataProvider.h"
 
-#include <filesystem>
-
 #include "catalog/CPacket.h"
 #include "catalog/CTemplate.h"
 #include "content/CSpec.h"
@@ -13,19 +11,10 @@
 #include "content/CStdPrj.h"
 #include "content/TempPath.h"
 #include "platform/Report.h"
-#include "platform/TextCodec.h"
+#include "platform/Files.h"
 #include "storage/ModelOperation.h"
 #include "storage/PacketOperation.h"
 #include "storage/PrjOperation.h"
-
-namespace {
-
-void DeleteFile(const std::wstring& path) {
-  std::error_code ignored;
-  std::filesystem::remove(std::filesystem::path(WideToUtf8(path)), ignored);
-}
-
-}  // namespace
 
 const ModelInfo* CDataProvider::GetModelInfo(CStdModel* model) {
   const std::int32_t id = model->GetModelId();
@@ -50,13 +39,7 @@ const std::wstring* CDataProvider::_GetFragmentFile(CStdPrj* projection) {
 }
 
 const ByteData* CDataProvider::GetModelIcon(std::int32_t modelId) {
-  if (modelIconSlot_.key != modelId) {
-    // The old bytes go first: a client may hold only one model icon.
-    modelIconSlot_ = Slot{};
-    modelIconSlot_.value = ModelOperation::GetModelIcon(this, modelId);
-    modelIconSlot_.key = modelId;
-  }
-  return modelIconSlot_.value.get();
+  return modelIconSlot_.Get(modelId, [&] { return ModelOperation::GetModelIcon(this, modelId); });
 }
 
 const ByteData* CDataProvider::GetFragmentIcon(std::int32_t packetId, std::int32_t fragmentId) {
@@ -64,12 +47,7 @@ const ByteData* CDataProvider::GetFragmentIcon(std::int32_t packetId, std::int32
     const auto found = packet->second.find(fragmentId);
     if (found != packet->second.end() && found->second) return found->second.get();
   }
-  if (fragmentIconSlot_.key != fragmentId) {
-    fragmentIconSlot_ = Slot{};
-    fragmentIconSlot_.value = PrjOperation::GetIcon(this, fragmentId);
-    fragmentIconSlot_.key = fragmentId;
-  }
-  return fragmentIconSlot_.value.get();
+  return fragmentIconSlot_.Get(fragmentId, [&] { return PrjOperation::GetIcon(this, fragmentId); });
 }
 
 const std::wstring* CDataProvider::_GetFilePath(const FileRecord& record) {
@@ -91,15 +69,11 @@ const SpecList& CDataProvider::GetSpecs(CTemplate* owner) {
 }
 
 const ByteData* CDataProvider::GetRepresentation(std::int32_t templateId) {
-  if (representationSlot_.key != templateId) {
-    representationSlot_ = Slot{};
-    representationSlot_.value = PacketOperation::GetRepresitation(this, templateId);
-    representationSlot_.key = templateId;
-  }
-  return representationSlot_.value.get();
+  return representationSlot_.Get(templateId, [&] { return PacketOperation::GetRepresitation(this, templateId); });
 }
 
 bool CDataProvider::_CacheData(CPacket* packet) {
+  // Dropped before the read, so that a read that throws leaves none.
   packetThumbnails_.erase(packet->GetId());
   packetThumbnails_[packet->GetId()] = PrjOperation::LoadPacketThumbnails(this, packet->GetId());
   return true;
@@ -111,9 +85,9 @@ bool CDataProvider::_ClearDataCache(CPacket* packet) {
 }
 
 void CDataProvider::ClearContent() {
-  for (const auto& [id, info] : modelCache_) DeleteFile(info->filePath);
-  for (const auto& [id, path] : fragmentFileCache_) DeleteFile(path);
-  for (const auto& [id, path] : attachedFileCache_) DeleteFile(path);
+  for (const auto& [id, info] : modelCache_) RemoveFile(info->filePath);
+  for (const auto& [id, path] : fragmentFileCache_) RemoveFile(path);
+  for (const auto& [id, path] : attachedFileCache_) RemoveFile(path);
   modelCache_.clear();
   fragmentFileCache_.clear();
   attachedFileCache_.clear();

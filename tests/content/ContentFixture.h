@@ -10,12 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "Bytes.h"
 #include "CatalogFixture.h"
 #include "content/ByteData.h"
 
 namespace lxtest {
-
-using Bytes = std::vector<unsigned char>;
 
 class ContentFixture : public TableFixture {
  protected:

@@ -12,10 +12,10 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "Bytes.h"
 #include "CatalogFixture.h"
 #include "api/Handles.h"
 #include "catalog/CStandartSize.h"
@@ -26,8 +26,6 @@
 
 namespace lxtest {
 namespace {
-
-using Bytes = std::vector<unsigned char>;
 
 // The library's temporary folder is fixed on its first use in the process,
 // so TMP points at a private folder before any test runs.
@@ -52,13 +50,6 @@ LibraryTempFolder* LibraryTempFolder::instance_ =
 std::wstring N(std::int32_t number) { return std::to_wstring(number); }
 
 Bytes Text(const std::string& text) { return Bytes(text.begin(), text.end()); }
-
-Bytes Random(std::size_t size, unsigned seed) {
-  std::mt19937 generator(seed);
-  Bytes bytes(size);
-  for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(generator());
-  return bytes;
-}
 
 Bytes ReadFile(const std::wstring& path) {
   std::ifstream in(Path(path), std::ios::binary);
@@ -376,7 +367,7 @@ TEST_F(Content, ChangesOfARowReachTheWholeTemplate) {
   EXPECT_EQ(ProjectionRows(501), rows);
   EXPECT_EQ(Count(L"OBJECT WHERE NAME STARTING WITH 'T'"), 1);
   ReloadAndWalk();
-  for (const std::wstring& size : {L"S1", L"S4"}) {
+  for (const wchar_t* size : {L"S1", L"S4"}) {
     EXPECT_EQ(stdsize_GetTemplateID(Size(size)), 501);
     LxProjections* list = Projections(size);
     ASSERT_EQ(projections_GetProjectioCount(list), 2);

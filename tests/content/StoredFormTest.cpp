@@ -7,32 +7,21 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "Bytes.h"
 #include "content/ByteData.h"
 #include "platform/Digest.h"
 
 namespace lxtest {
 namespace {
 
-using Bytes = std::vector<unsigned char>;
-
-Bytes Random(std::size_t size, unsigned seed) {
-  std::mt19937 generator(seed);
-  Bytes bytes(size);
-  for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(generator());
-  return bytes;
-}
-
 Bytes Repeated(const std::string& text, int times) {
   Bytes bytes;
   for (int i = 0; i < times; ++i) bytes.insert(bytes.end(), text.begin(), text.end());
   return bytes;
 }
-
-Bytes BytesOf(const ByteData& data) { return Bytes(data.Data(), data.Data() + data.Size()); }
 
 // Owned bytes, as a read from a blob leaves them.
 ByteDataPtr Holding(const Bytes& bytes) {

@@ -5,10 +5,10 @@
 
 #include <array>
 #include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
+#include "Bytes.h"
 #include "TestCatalog.h"
 #include "content/ByteData.h"
 #include "storage/BlobTransfer.h"
@@ -16,17 +16,6 @@
 
 namespace lxtest {
 namespace {
-
-using Bytes = std::vector<unsigned char>;
-
-Bytes Random(std::size_t size, unsigned seed) {
-  std::mt19937 generator(seed);
-  Bytes bytes(size);
-  for (unsigned char& byte : bytes) byte = static_cast<unsigned char>(generator());
-  return bytes;
-}
-
-Bytes BytesOf(const ByteData& data) { return Bytes(data.Data(), data.Data() + data.Size()); }
 
 class BlobColumns : public ::testing::Test {
  protected:
