@@ -41,9 +41,12 @@ class ObjectFixture : public ContentFixture {
         {34, 1, L"СлойX1", L"", L"NULL, NULL, NULL", L"", L"", L"XLAYER1"},
         {35, 1, L"Слой", L"", L"NULL, NULL, NULL", L"", L"", L"LAYER"},
         {36, 1, L"Слойx", L"", L"NULL, NULL, NULL", L"", L"", L"LAYERx"}};
-    for (const AttributeRow& column : columns) Sql().Execute(AttributeRowSql(501, column));
+    // Both templates have the same records, so that they share one table.
+    for (std::int32_t templateId : {501, 502})
+      for (const AttributeRow& column : columns) Sql().Execute(AttributeRowSql(templateId, column));
     Sql().Execute({SizeValueSql(21, 601, L"12, NULL, NULL"),
-                   L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (400, x'00', x'00', 'f400')",
+                   L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (400, " + StoredLiteral({1}) + L", " +
+                       StoredLiteral({2}) + L", 'f400')",
                    L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (1, 400, 501, 0)",
                    L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (2, 400, 501, 1)",
                    L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (4, 400, 502, 2)"});
