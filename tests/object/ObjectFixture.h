@@ -24,34 +24,38 @@ class ObjectFixture : public ContentFixture {
   void SetUp() override {
     ContentFixture::SetUp();
     if (HasFatalFailure()) return;
-    const std::vector<AttributeRow> columns{
-        {21, 1, L"Длина", L"", L"10, NULL, NULL", L"", L"", L"", 5},
-        {22, 2, L"Масса", L"", L"NULL, 1.5, NULL", L"", L"", L"", 6},
-        {23, 3, L"Марка", L"", L"NULL, NULL, 'Ст3'", L"", L"", L"", 7},
-        {24, 1, L"Ссылка", L"", L"NULL, NULL, NULL", L"{A21}"},
-        {25, 1, L"Сумма", L"", L"NULL, NULL, NULL", L"{A21}+1"},
-        {26, 3, L"USS_LAST_CHANGE_DATE", L"", L"NULL, NULL, " + Quoted(kDate)},
-        {27, 2, L"elevation", L"", L"NULL, 7.5, NULL"},
-        {28, 1, L"Цикл1", L"", L"NULL, NULL, NULL", L"{A29}"},
-        {29, 1, L"Цикл2", L"", L"NULL, NULL, NULL", L"{A28}"},
-        {30, 1, L"Через", L"", L"NULL, NULL, NULL", L"{A24}"},
-        {31, 2, L"Слой2", L"", L"NULL, NULL, NULL", L"", L"", L"LAYER2"},
-        {32, 3, L"Слой10", L"", L"NULL, NULL, NULL", L"", L"", L"LAYER10"},
-        {33, 1, L"Слой3", L"", L"NULL, NULL, NULL", L"", L"", L"layer3"},
-        {34, 1, L"СлойX1", L"", L"NULL, NULL, NULL", L"", L"", L"XLAYER1"},
-        {35, 1, L"Слой", L"", L"NULL, NULL, NULL", L"", L"", L"LAYER"},
-        {36, 1, L"Слойx", L"", L"NULL, NULL, NULL", L"", L"", L"LAYERx"}};
+    const std::wstring none = L"NULL, NULL, NULL";
+    auto layer = [&](std::int32_t number, std::int32_t type, const wchar_t* name, const wchar_t* varName) {
+      return AttributeRow{number, type, name, L"", none, L"", L"", varName};
+    };
+    const std::vector<AttributeRow> columns{{21, 1, L"Длина", L"", L"10, NULL, NULL", L"", L"", L"", 5},
+                                            {22, 2, L"Масса", L"", L"NULL, 1.5, NULL", L"", L"", L"", 6},
+                                            {23, 3, L"Марка", L"", L"NULL, NULL, 'Ст3'", L"", L"", L"", 7},
+                                            {24, 1, L"Ссылка", L"", none, L"{A21}"},
+                                            {25, 1, L"Сумма", L"", none, L"{A21}+1"},
+                                            {26, 3, L"USS_LAST_CHANGE_DATE", L"", L"NULL, NULL, " + Quoted(kDate)},
+                                            {27, 2, L"elevation", L"", L"NULL, 7.5, NULL"},
+                                            {28, 1, L"Цикл1", L"", none, L"{A29}"},
+                                            {29, 1, L"Цикл2", L"", none, L"{A28}"},
+                                            {30, 1, L"Через", L"", none, L"{A24}"},
+                                            layer(31, 2, L"Слой2", L"LAYER2"),
+                                            layer(32, 3, L"Слой10", L"LAYER10"),
+                                            layer(33, 1, L"Слой3", L"layer3"),
+                                            layer(34, 1, L"СлойX1", L"XLAYER1"),
+                                            layer(35, 1, L"Слой", L"LAYER"),
+                                            layer(36, 1, L"Слойx", L"LAYERx")};
     // Both templates have the same records, so that they share one table.
     for (std::int32_t templateId : {501, 502})
       for (const AttributeRow& column : columns) Sql().Execute(AttributeRowSql(templateId, column));
-    Sql().Execute({SizeValueSql(21, 601, L"12, NULL, NULL"),
-                   L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (400, " + StoredLiteral({1}) + L", " +
-                       StoredLiteral({2}) + L", 'f400')",
-                   L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (1, 400, 501, 0)",
-                   L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (2, 400, 501, 1)",
-                   L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (4, 400, 502, 2)"});
-    LayPacket(L"P", 700, {L"7"}, {{21, 1, L"A", L""}});
-    LayPacket(kBends, 710, {L"DT#080#030#15"}, {{21, 1, L"Угол", L""}});
+    Sql().Execute(
+        {SizeValueSql(21, 601, L"12, NULL, NULL"),
+         L"INSERT INTO FRAGMENT (ID, FRAGMENT, THUMBNAIL, DIGEST) VALUES (400, " + StoredLiteral({1}) + L", " +
+             StoredLiteral({2}) + L", 'f400')",
+         L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (1, 400, 501, 0)",
+         L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (2, 400, 501, 1)",
+         L"INSERT INTO OBJECTPROJECTION (PROJECTIONID, FRAGMENTID, OBJECTID, VIEW_TYPE) VALUES (4, 400, 502, 2)"});
+    LayPacket(provider_, Sql(), L"P", 700, {L"7"}, {{21, 1, L"A", L""}});
+    LayPacket(provider_, Sql(), kBends, 710, {L"DT#080#030#15"}, {{21, 1, L"Угол", L""}});
     ReloadAndWalk();
     s1_ = Size(L"S1");
     s2_ = Size(L"S2");
@@ -78,10 +82,6 @@ class ObjectFixture : public ContentFixture {
       sql.Execute(SizeRow(templateId + 1 + static_cast<std::int32_t>(i), templateId, sizes[i]));
     for (const AttributeRow& column : columns) sql.Execute(AttributeRowSql(templateId, column));
   }
-  void LayPacket(const std::wstring& name, std::int32_t templateId, const std::vector<std::wstring>& sizes,
-                 const std::vector<AttributeRow>& columns) {
-    LayPacket(provider_, Sql(), name, templateId, sizes, columns);
-  }
 
   // Objects the test owns until its end.
   LxObject* Kept(LxObject* object) {
@@ -100,7 +100,8 @@ class ObjectFixture : public ContentFixture {
     ObjectBuffer::Bytes buffer(static_cast<std::size_t>(capacity) + 1, 0xCC);
     std::uint32_t written = 0xDEAD;
     if (!object_Save(object, buffer.data(), capacity, &written, selector)) return {'<', 'f', 'a', 'l', 's', 'e', '>'};
-    if (written > static_cast<std::uint32_t>(capacity) || buffer[capacity] != 0xCC) return {'<', 'o', 'v', 'e', 'r', '>'};
+    if (written > static_cast<std::uint32_t>(capacity) || buffer[capacity] != 0xCC)
+      return {'<', 'o', 'v', 'e', 'r', '>'};
     buffer.resize(written);
     return buffer;
   }

@@ -40,8 +40,10 @@ TEST_F(ObjectViews, TheViewIsCheckedOnBindingAndOnlyTheSizesProjectionsAreTaken)
                "Можно использовать только проекции типоразмера объекта [CObject::_SetProjection]");
   EXPECT_EQ(object_GetProjection(object), ProjectionOf(s1_, L"спереди"));
 
-  // A changed size keeps a view it lacks, and nothing repairs it.
+  // A changed size keeps own values and a view it lacks, and nothing repairs it.
+  ASSERT_TRUE(object_SetValueD(object, Column(L"Масса"), 3.0));
   EXPECT_TRUE(object_ChangeStdSize(object, u1_));
+  EXPECT_EQ(Seen(object, L"Масса"), L"d:3");
   EXPECT_EQ(Captured([&] { return object_GetProjection(object); }), Quietly<LxProjection*>(nullptr));
   EXPECT_EQ(object_GetProjectionType(object), 2);
 
@@ -89,8 +91,8 @@ TEST_F(ObjectViews, LayersFollowTheVarNamesAndTheObjectsValues) {
     ASSERT_TRUE(object_SetValueD(object, Column(L"Слой2"), value));
     EXPECT_EQ(layer_GetVisible(two), shown) << value;
   }
-  const std::vector<std::pair<const wchar_t*, bool>> textsShown{{L"1", true}, {L"да", false}, {L"0", false},
-                                                                {L"12", true}, {L"1,5", false}};
+  const std::vector<std::pair<const wchar_t*, bool>> textsShown{
+      {L"1", true}, {L"да", false}, {L"0", false}, {L"12", true}, {L"1,5", false}};
   for (const auto& [text, shown] : textsShown) {
     ASSERT_TRUE(object_SetValueS(object, Column(L"Слой10"), text));
     EXPECT_EQ(layer_GetVisible(ten), shown) << text;
