@@ -22,7 +22,6 @@ class BufferReader {
   std::size_t Position() const { return position_; }
   // Bytes past the position.
   std::size_t Left() const { return size_ - position_; }
-  void Skip(std::size_t bytes) { position_ += bytes < Left() ? bytes : Left(); }
 
   // Each gives false and leaves `out` alone when the element is not there.
   bool ReadInt(std::int32_t& out);
