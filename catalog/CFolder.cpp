@@ -8,7 +8,7 @@
 #include "catalog/ICatalogStore.h"
 
 CFolder::CFolder(std::int32_t id, std::wstring name)
-    : id_(id), name_(std::move(name)), table_(std::make_unique<CFolderTable>(this)) {}
+    : id_(id), name_(std::move(name)) {}
 
 CFolder::~CFolder() {
   std::vector<std::unique_ptr<CFolder>> doomed = std::move(children_);
@@ -18,7 +18,6 @@ CFolder::~CFolder() {
     for (auto& child : folder->children_) doomed.push_back(std::move(child));
     folder->children_.clear();
   }
-  table_.reset();
 }
 
 void CFolder::SetPacketOfSubtree(CPacket* packet) {
@@ -68,7 +67,7 @@ CFolderTable* CFolder::_GetTable() {
     Report(L"Не смогли загрузить данные фолдера " + name_, "CFolder::_GetTable");
     return nullptr;
   }
-  return table_.get();
+  return &table_;
 }
 
 std::int32_t CFolder::_GetChildFolderCount() {

@@ -11,7 +11,8 @@
 #include <string>
 #include <vector>
 
-class CFolderTable;
+#include "catalog/CFolderTable.h"
+
 class CPacket;
 class CStandartSize;
 
@@ -38,6 +39,8 @@ class CFolder {
   void SetPacketOfSubtree(CPacket* packet);
   // Appends the child and makes this folder its parent.
   CFolder* AppendChild(std::unique_ptr<CFolder> child);
+  // Room for this many children in all, for a loader that knows the count.
+  void ReserveChildren(std::size_t count) { children_.reserve(count); }
   std::size_t ChildCount() const { return children_.size(); }
   CFolder* Child(std::size_t index) const { return children_[index].get(); }
   // The child with exactly this name, case counting; null if none.
@@ -48,7 +51,7 @@ class CFolder {
   // the packet it was loaded with.
   void NoteSizesChanged() const;
   // The table without loading anything.
-  CFolderTable* TableInMemory() const { return table_.get(); }
+  CFolderTable* TableInMemory() const { return &table_; }
 
   // The gate to all content: loads the packet first. Null, with a report,
   // when the load fails.
@@ -75,7 +78,10 @@ class CFolder {
   std::int32_t id_;
   std::wstring name_;
   std::vector<std::unique_ptr<CFolder>> children_;
-  std::unique_ptr<CFolderTable> table_;
+  // Part of the folder rather than a heap object of its own: a catalog holds
+  // tens of thousands of folders, most of whose tables are never filled.
+  // Mutable because a folder's constness has never reached its table.
+  mutable CFolderTable table_{this};
   CFolder* parent_ = nullptr;
   CPacket* packet_ = nullptr;
 };

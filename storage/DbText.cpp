@@ -1,21 +1,55 @@
 #include "storage/DbText.h"
 
+#include <array>
+
 #include "platform/TextCodec.h"
+
+namespace {
+
+// The wide character of every code page 1251 byte, 0 for the one byte the
+// code page leaves undefined, taken once from the codec so that both agree.
+// Reading a catalog converts every name it holds, a byte at a time.
+const std::array<wchar_t, 256>& Cp1251Characters() {
+  static const std::array<wchar_t, 256> characters = [] {
+    std::array<wchar_t, 256> table{};
+    for (int byte = 1; byte < 256; ++byte) {
+      const std::wstring wide = Cp1251ToWide(std::string(1, static_cast<char>(byte)));
+      table[byte] = wide.empty() ? 0 : wide.front();
+    }
+    return table;
+  }();
+  return characters;
+}
+
+// Writes the wide text of `bytes` into `text`, reusing its buffer.
+void ConvertFromCp1251(std::string_view bytes, std::wstring& text) {
+  const std::array<wchar_t, 256>& characters = Cp1251Characters();
+  text.resize(bytes.size());
+  std::size_t length = 0;
+  for (char byte : bytes) {
+    const wchar_t character = characters[static_cast<unsigned char>(byte)];
+    text[length] = character;
+    length += character != 0 || byte == 0;
+  }
+  text.resize(length);
+}
+
+}  // namespace
 
 void SetDbText(IBPP::Statement& statement, int parameter, std::wstring_view text) {
   statement.Set(parameter, std::string_view(WideToCp1251(text)));
 }
 
 bool GetDbText(const IBPP::Statement& statement, int column, std::wstring& text) {
-  std::string bytes;
+  std::string_view bytes;
   const bool isNull = statement.Get(column, bytes);
-  text = Cp1251ToWide(bytes);
+  ConvertFromCp1251(bytes, text);
   return isNull;
 }
 
 bool GetDbText(const IBPP::Statement& statement, std::string_view column, std::wstring& text) {
   std::string bytes;
   const bool isNull = statement.Get(column, bytes);
-  text = Cp1251ToWide(bytes);
+  ConvertFromCp1251(bytes, text);
   return isNull;
 }

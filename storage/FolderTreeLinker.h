@@ -1,8 +1,9 @@
 // FolderTreeLinker: turns the rows of PACKET and FOLDER into the packets'
 // folder trees, in time linear in the number of folders. Folders are linked
 // by ID_PARENT alone; a parentless folder that a packet names is that
-// packet's root. Folders that no packet reaches are destroyed with the
-// linker.
+// packet's root (the last packet to name it, if several do). Each folder's
+// children keep the order their rows came in. Folders that no packet
+// reaches are destroyed with the linker.
 //
 // Used by one load on one thread.
 #pragma once
@@ -11,7 +12,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 class CFolder;
@@ -34,13 +34,15 @@ class FolderTreeLinker {
  private:
   struct Row {
     std::unique_ptr<CFolder> folder;  // empty once placed in a tree
-    std::optional<std::int32_t> parentId;
+    std::int32_t id;
+    std::int32_t parentId;
+    bool hasParent;
+  };
+  struct Root {
+    std::int32_t folderId;
+    CPacket* packet;
   };
 
-  // Moves the subtree below `root` (row index) out of the rows into its tree.
-  void PlaceSubtree(std::size_t root, const std::unordered_map<std::int32_t, std::vector<std::size_t>>& children);
-
   std::vector<Row> rows_;
-  std::unordered_map<std::int32_t, std::size_t> rowById_;
-  std::unordered_map<std::int32_t, CPacket*> packetByRootId_;
+  std::vector<Root> roots_;
 };
