@@ -18,6 +18,13 @@ CFolder::~CFolder() {
     for (auto& child : folder->children_) doomed.push_back(std::move(child));
     folder->children_.clear();
   }
+  table_.reset();
+}
+
+CFolderTable* CFolder::MakeTable() const {
+  // The folder itself is never const, only the path by which it is reached.
+  table_ = std::make_unique<CFolderTable>(const_cast<CFolder*>(this));
+  return table_.get();
 }
 
 void CFolder::SetPacketOfSubtree(CPacket* packet) {
@@ -67,7 +74,7 @@ CFolderTable* CFolder::_GetTable() {
     Report(L"Не смогли загрузить данные фолдера " + name_, "CFolder::_GetTable");
     return nullptr;
   }
-  return &table_;
+  return TableInMemory();
 }
 
 std::int32_t CFolder::_GetChildFolderCount() {

@@ -11,8 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "catalog/CFolderTable.h"
-
+class CFolderTable;
 class CPacket;
 class CStandartSize;
 
@@ -51,7 +50,7 @@ class CFolder {
   // the packet it was loaded with.
   void NoteSizesChanged() const;
   // The table without loading anything.
-  CFolderTable* TableInMemory() const { return &table_; }
+  CFolderTable* TableInMemory() const { return table_ ? table_.get() : MakeTable(); }
 
   // The gate to all content: loads the packet first. Null, with a report,
   // when the load fails.
@@ -69,6 +68,7 @@ class CFolder {
   CStandartSize* FindStdSizeById(std::int32_t id);
 
  private:
+  CFolderTable* MakeTable() const;
   template <typename Find>
   CStandartSize* FindInSubtree(Find&& find);
   std::unique_ptr<CFolder> DetachChild(CFolder* child);
@@ -78,10 +78,10 @@ class CFolder {
   std::int32_t id_;
   std::wstring name_;
   std::vector<std::unique_ptr<CFolder>> children_;
-  // Part of the folder rather than a heap object of its own: a catalog holds
-  // tens of thousands of folders, most of whose tables are never filled.
-  // Mutable because a folder's constness has never reached its table.
-  mutable CFolderTable table_{this};
+  // Made on first use: a catalog holds tens of thousands of folders, and
+  // those of packets nobody opens never need one. Mutable because a folder's
+  // constness has never reached its table.
+  mutable std::unique_ptr<CFolderTable> table_;
   CFolder* parent_ = nullptr;
   CPacket* packet_ = nullptr;
 };

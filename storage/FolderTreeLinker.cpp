@@ -106,29 +106,34 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
     if (row != kNoRow && !rows_[row].hasParent) packetOfRow[row] = root.packet;
   }
 
-  // Every row a root reaches, breadth first, so each comes after its parent.
-  // Linking them in reverse gives each folder its children before it has a
-  // parent of its own: no append walks up a tree. A row is reached at most
-  // once, through its one parent row.
+  // Every row a root reaches, breadth first, so each comes after its parent,
+  // with its packet. Linking them in reverse gives each folder its children
+  // before it has a parent of its own: no append walks up a tree. A row is
+  // reached at most once, through its one parent row.
   std::vector<RowNumber> reached;
   reached.reserve(rows_.size());
   for (std::size_t row = 0; row < rows_.size(); ++row) {
     if (packetOfRow[row] != nullptr) reached.push_back(static_cast<RowNumber>(row));
   }
+  const std::size_t rootCount = reached.size();
   for (std::size_t next = 0; next < reached.size(); ++next) {
     const RowNumber parent = reached[next];
-    reached.insert(reached.end(), children.rows.begin() + children.start[parent],
-                   children.rows.begin() + children.start[parent + 1]);
+    for (RowNumber child = children.start[parent]; child < children.start[parent + 1]; ++child) {
+      packetOfRow[children.rows[child]] = packetOfRow[parent];
+      reached.push_back(children.rows[child]);
+    }
   }
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
     CFolder* parent = rows_[*row].folder.get();
+    parent->SetPacket(packetOfRow[*row]);
     parent->ReserveChildren(children.start[*row + 1] - children.start[*row]);
     for (RowNumber child = children.start[*row]; child < children.start[*row + 1]; ++child) {
       parent->AppendChild(std::move(rows_[children.rows[child]].folder));
     }
   }
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (packetOfRow[row] != nullptr) packetOfRow[row]->SetRootFolder(std::move(rows_[row].folder));
+  for (std::size_t root = 0; root < rootCount; ++root) {
+    const RowNumber row = reached[root];
+    packetOfRow[row]->SetLinkedRootFolder(std::move(rows_[row].folder));
   }
 
   for (const Row& row : rows_) {
