@@ -125,11 +125,12 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
   }
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
     CFolder* parent = rows_[*row].folder.get();
-    parent->SetPacket(packetOfRow[*row]);
     parent->ReserveChildren(children.start[*row + 1] - children.start[*row]);
     for (RowNumber child = children.start[*row]; child < children.start[*row + 1]; ++child) {
       parent->AppendChild(std::move(rows_[children.rows[child]].folder));
     }
+    // After the appends, so that they find no packet to tell.
+    parent->SetPacket(packetOfRow[*row]);
   }
   for (std::size_t root = 0; root < rootCount; ++root) {
     const RowNumber row = reached[root];
