@@ -195,8 +195,8 @@ void BM_AttachByTurns(benchmark::State& state) {
   state.counters["storage/client"] = Median(storageRatios);
   state.counters["bytes/folder"] = static_cast<double>(retainedBytes) / catalog.Written().folders;
 }
-BENCHMARK(BM_AttachByTurns)->Arg(20000)->Iterations(21)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_AttachByTurns)->Arg(200000)->Iterations(11)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AttachByTurns)->Arg(20000)->Iterations(31)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AttachByTurns)->Arg(200000)->Iterations(15)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 // What every variant above pays before its first row: attach, start a
 // transaction, roll back, detach.

@@ -106,21 +106,26 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
     if (row != kNoRow && !rows_[row].hasParent) packetOfRow[row] = root.packet;
   }
 
-  // Every row a root reaches, breadth first, so each comes after its parent,
-  // with its packet. Linking them in reverse gives each folder its children
-  // before it has a parent of its own: no append walks up a tree. A row is
-  // reached at most once, through its one parent row.
+  // Every row a root reaches, tree by tree and breadth first within a tree,
+  // so each comes after its parent and a tree's folders, made close together,
+  // are linked together. Linking them in reverse gives each folder its
+  // children before it has a parent of its own: no append walks up a tree.
+  // A row is reached at most once, through its one parent row.
+  std::vector<RowNumber> rootRows;
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (packetOfRow[row] != nullptr) rootRows.push_back(static_cast<RowNumber>(row));
+  }
   std::vector<RowNumber> reached;
   reached.reserve(rows_.size());
-  for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (packetOfRow[row] != nullptr) reached.push_back(static_cast<RowNumber>(row));
-  }
-  const std::size_t rootCount = reached.size();
-  for (std::size_t next = 0; next < reached.size(); ++next) {
-    const RowNumber parent = reached[next];
-    for (RowNumber child = children.start[parent]; child < children.start[parent + 1]; ++child) {
-      packetOfRow[children.rows[child]] = packetOfRow[parent];
-      reached.push_back(children.rows[child]);
+  for (RowNumber root : rootRows) {
+    const std::size_t treeStart = reached.size();
+    reached.push_back(root);
+    for (std::size_t next = treeStart; next < reached.size(); ++next) {
+      const RowNumber parent = reached[next];
+      for (RowNumber child = children.start[parent]; child < children.start[parent + 1]; ++child) {
+        packetOfRow[children.rows[child]] = packetOfRow[parent];
+        reached.push_back(children.rows[child]);
+      }
     }
   }
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
@@ -132,10 +137,7 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
     // After the appends, so that they find no packet to tell.
     parent->SetPacket(packetOfRow[*row]);
   }
-  for (std::size_t root = 0; root < rootCount; ++root) {
-    const RowNumber row = reached[root];
-    packetOfRow[row]->SetLinkedRootFolder(std::move(rows_[row].folder));
-  }
+  for (RowNumber row : rootRows) packetOfRow[row]->SetLinkedRootFolder(std::move(rows_[row].folder));
 
   for (const Row& row : rows_) {
     if (row.folder) return row.folder->GetName();
