@@ -21,15 +21,21 @@ const std::array<wchar_t, 256>& Cp1251Characters() {
   return characters;
 }
 
-// Writes the wide text of `bytes` into `text`, reusing its buffer.
+// Writes the wide text of `bytes` into `text`, reusing its buffer. The one
+// byte without a character is rare enough to cost a second pass.
 void ConvertFromCp1251(std::string_view bytes, std::wstring& text) {
   const std::array<wchar_t, 256>& characters = Cp1251Characters();
   text.resize(bytes.size());
+  bool dropped = false;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(bytes[i]);
+    text[i] = characters[byte];
+    dropped |= text[i] == 0 && byte != 0;
+  }
+  if (!dropped) return;
   std::size_t length = 0;
-  for (char byte : bytes) {
-    const wchar_t character = characters[static_cast<unsigned char>(byte)];
-    text[length] = character;
-    length += character != 0 || byte == 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (text[i] != 0 || bytes[i] == 0) text[length++] = text[i];
   }
   text.resize(length);
 }
