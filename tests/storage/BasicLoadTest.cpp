@@ -41,10 +41,12 @@ TEST_F(BasicLoad, ChildrenKeepTheOrderOfTheirRowsWithDenseOrScatteredIds) {
   for (const std::int32_t base : {1, 1000000}) {
     SCOPED_TRACE(base);
     // Scattered ids far apart, and a child whose row comes before its
-    // parent's: its parent is set afterwards.
+    // parent's (its parent is set afterwards), between the rows of its
+    // parent's siblings.
     const std::int32_t step = base == 1 ? 1 : 7919;
     auto id = [&](std::int32_t n) { return base + n * step; };
-    Sql().Execute({shapes::Folder(id(0), L"Корень " + std::to_wstring(base)), shapes::Folder(id(9), L"Внук"),
+    Sql().Execute({shapes::Folder(id(0), L"Корень " + std::to_wstring(base)),
+                   shapes::Folder(id(1), L"Первый", id(0)), shapes::Folder(id(9), L"Внук"),
                    shapes::Folder(id(7), L"Седьмой", id(0)), shapes::Folder(id(3), L"Третий", id(0)),
                    shapes::Folder(id(8), L"Восьмой", id(0)), shapes::Folder(id(5), L"Пятый", id(0)),
                    L"UPDATE FOLDER SET ID_PARENT = " + std::to_wstring(id(3)) + L" WHERE ID = " +
@@ -56,8 +58,9 @@ TEST_F(BasicLoad, ChildrenKeepTheOrderOfTheirRowsWithDenseOrScatteredIds) {
     SCOPED_TRACE(testing::PrintToString(std::wstring(packet)));
     LxFolder* root = RootOf(packet);
     ASSERT_NE(root, nullptr);
-    EXPECT_EQ(ChildNames(root), (std::vector<std::wstring>{L"Седьмой", L"Третий", L"Восьмой", L"Пятый"}));
-    LxFolder* third = folder_GetChildFolder(root, 1);
+    EXPECT_EQ(ChildNames(root),
+              (std::vector<std::wstring>{L"Первый", L"Седьмой", L"Третий", L"Восьмой", L"Пятый"}));
+    LxFolder* third = folder_GetChildFolder(root, 2);
     EXPECT_EQ(ChildNames(third), std::vector<std::wstring>{L"Внук"});
     LxFolder* grandchild = folder_GetChildFolder(third, 0);
     EXPECT_EQ(folder_GetParentFolder(grandchild), third);
