@@ -42,6 +42,12 @@ void ConvertFromCp1251(std::string_view bytes, std::wstring& text) {
 
 }  // namespace
 
+std::wstring DbTextToWide(std::string_view bytes) {
+  std::wstring text;
+  ConvertFromCp1251(bytes, text);
+  return text;
+}
+
 void SetDbText(IBPP::Statement& statement, int parameter, std::wstring_view text) {
   statement.Set(parameter, std::string_view(WideToCp1251(text)));
 }

@@ -6,6 +6,7 @@
 
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
+#include "storage/DbText.h"
 
 namespace {
 
@@ -84,9 +85,15 @@ void FolderTreeLinker::AddPacket(std::int32_t rootFolderId, CPacket* packet) {
   roots_.push_back(Root{rootFolderId, packet});
 }
 
-void FolderTreeLinker::AddFolder(std::unique_ptr<CFolder> folder, std::optional<std::int32_t> parentId) {
-  const std::int32_t id = folder->GetId();
-  rows_.push_back(Row{std::move(folder), id, parentId.value_or(0), parentId.has_value()});
+void FolderTreeLinker::AddFolder(std::int32_t id, std::string_view storedName, std::optional<std::int32_t> parentId) {
+  rows_.push_back(Row{id, parentId.value_or(0), parentId.has_value()});
+  storedNames_.append(storedName);
+  nameEnds_.push_back(storedNames_.size());
+}
+
+std::string_view FolderTreeLinker::StoredName(std::size_t row) const {
+  const std::size_t begin = row == 0 ? 0 : nameEnds_[row - 1];
+  return std::string_view(storedNames_).substr(begin, nameEnds_[row] - begin);
 }
 
 std::optional<std::wstring> FolderTreeLinker::Link() {
@@ -128,19 +135,23 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
       }
     }
   }
+  // Made in reverse: a folder takes its children, made just before, while
+  // it has no parent of its own yet.
+  std::vector<std::unique_ptr<CFolder>> made(rows_.size());
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
-    CFolder* parent = rows_[*row].folder.get();
-    parent->ReserveChildren(children.start[*row + 1] - children.start[*row]);
+    auto folder = std::make_unique<CFolder>(rows_[*row].id, DbTextToWide(StoredName(*row)));
+    folder->ReserveChildren(children.start[*row + 1] - children.start[*row]);
     for (RowNumber child = children.start[*row]; child < children.start[*row + 1]; ++child) {
-      parent->AppendChild(std::move(rows_[children.rows[child]].folder));
+      folder->AppendChild(std::move(made[children.rows[child]]));
     }
     // After the appends, so that they find no packet to tell.
-    parent->SetPacket(packetOfRow[*row]);
+    folder->SetPacket(packetOfRow[*row]);
+    made[*row] = std::move(folder);
   }
-  for (RowNumber row : rootRows) packetOfRow[row]->SetLinkedRootFolder(std::move(rows_[row].folder));
+  for (RowNumber row : rootRows) packetOfRow[row]->SetLinkedRootFolder(std::move(made[row]));
 
-  for (const Row& row : rows_) {
-    if (row.folder) return row.folder->GetName();
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (packetOfRow[row] == nullptr) return DbTextToWide(StoredName(row));
   }
   return std::nullopt;
 }
