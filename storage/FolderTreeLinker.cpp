@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <unordered_map>
 
 #include "catalog/CFolder.h"
@@ -114,10 +115,8 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
   }
 
   // Every row a root reaches, tree by tree and breadth first within a tree,
-  // so each comes after its parent and a tree's folders, made close together,
-  // are linked together. Linking them in reverse gives each folder its
-  // children before it has a parent of its own: no append walks up a tree.
-  // A row is reached at most once, through its one parent row.
+  // so that each comes after its parent and a tree's folders are made
+  // together. A row is reached at most once, through its one parent row.
   std::vector<RowNumber> rootRows;
   for (std::size_t row = 0; row < rows_.size(); ++row) {
     if (packetOfRow[row] != nullptr) rootRows.push_back(static_cast<RowNumber>(row));
@@ -136,7 +135,7 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
     }
   }
   // Made in reverse: a folder takes its children, made just before, while
-  // it has no parent of its own yet.
+  // it has no parent of its own yet, so that no append walks up a tree.
   std::vector<std::unique_ptr<CFolder>> made(rows_.size());
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
     auto folder = std::make_unique<CFolder>(rows_[*row].id, DbTextToWide(StoredName(*row)));
