@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::size_t kTypicalColumns = 70;
-
 template <typename Map>
 void EraseValue(Map& map, CAttribute* attribute) {
   for (auto it = map.begin(); it != map.end();) {
@@ -19,7 +17,7 @@ void EraseValue(Map& map, CAttribute* attribute) {
 
 }  // namespace
 
-AttributeContainer::AttributeContainer() { attributes_.reserve(kTypicalColumns); }
+AttributeContainer::AttributeContainer() = default;
 AttributeContainer::~AttributeContainer() = default;
 
 void AttributeContainer::Index(CAttribute* attribute) {

@@ -8,7 +8,7 @@
 #include "catalog/ICatalogStore.h"
 
 CFolder::CFolder(std::int32_t id, std::wstring name)
-    : id_(id), name_(std::move(name)), table_(std::make_unique<CFolderTable>(this)) {}
+    : id_(id), name_(std::move(name)) {}
 
 CFolder::~CFolder() {
   std::vector<std::unique_ptr<CFolder>> doomed = std::move(children_);
@@ -19,6 +19,12 @@ CFolder::~CFolder() {
     folder->children_.clear();
   }
   table_.reset();
+}
+
+CFolderTable* CFolder::MakeTable() const {
+  // The folder itself is never const, only the path by which it is reached.
+  table_ = std::make_unique<CFolderTable>(const_cast<CFolder*>(this));
+  return table_.get();
 }
 
 void CFolder::SetPacketOfSubtree(CPacket* packet) {
@@ -68,7 +74,7 @@ CFolderTable* CFolder::_GetTable() {
     Report(L"Не смогли загрузить данные фолдера " + name_, "CFolder::_GetTable");
     return nullptr;
   }
-  return table_.get();
+  return TableInMemory();
 }
 
 std::int32_t CFolder::_GetChildFolderCount() {

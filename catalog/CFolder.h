@@ -38,6 +38,8 @@ class CFolder {
   void SetPacketOfSubtree(CPacket* packet);
   // Appends the child and makes this folder its parent.
   CFolder* AppendChild(std::unique_ptr<CFolder> child);
+  // Room for this many children in all, for a loader that knows the count.
+  void ReserveChildren(std::size_t count) { children_.reserve(count); }
   std::size_t ChildCount() const { return children_.size(); }
   CFolder* Child(std::size_t index) const { return children_[index].get(); }
   // The child with exactly this name, case counting; null if none.
@@ -48,7 +50,7 @@ class CFolder {
   // the packet it was loaded with.
   void NoteSizesChanged() const;
   // The table without loading anything.
-  CFolderTable* TableInMemory() const { return table_.get(); }
+  CFolderTable* TableInMemory() const { return table_ ? table_.get() : MakeTable(); }
 
   // The gate to all content: loads the packet first. Null, with a report,
   // when the load fails.
@@ -66,6 +68,7 @@ class CFolder {
   CStandartSize* FindStdSizeById(std::int32_t id);
 
  private:
+  CFolderTable* MakeTable() const;
   template <typename Find>
   CStandartSize* FindInSubtree(Find&& find);
   std::unique_ptr<CFolder> DetachChild(CFolder* child);
@@ -75,7 +78,10 @@ class CFolder {
   std::int32_t id_;
   std::wstring name_;
   std::vector<std::unique_ptr<CFolder>> children_;
-  std::unique_ptr<CFolderTable> table_;
+  // Made on first use: a catalog holds tens of thousands of folders, and
+  // those of packets nobody opens never need one. Mutable because a folder's
+  // constness has never reached its table.
+  mutable std::unique_ptr<CFolderTable> table_;
   CFolder* parent_ = nullptr;
   CPacket* packet_ = nullptr;
 };

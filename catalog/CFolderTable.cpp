@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr std::size_t kTypicalTemplates = 70;
 constexpr std::int32_t kFirstAutomaticNumber = 21;
 constexpr std::int32_t kIdSpecificationNumber = 11;
 constexpr const wchar_t* kIdSpecificationName = L"ID_specification";
@@ -39,7 +38,7 @@ std::wstring ValueLine(const Value& value) {
 
 }  // namespace
 
-CFolderTable::CFolderTable(CFolder* folder) : folder_(folder) { templates_.reserve(kTypicalTemplates); }
+CFolderTable::CFolderTable(CFolder* folder) : folder_(folder) {}
 
 CFolderTable::~CFolderTable() { templates_.clear(); }
 
@@ -58,7 +57,6 @@ std::vector<std::unique_ptr<CTemplate>> CFolderTable::TakeTemplates() {
   NoteSizesChanged();
   std::vector<std::unique_ptr<CTemplate>> taken = std::move(templates_);
   templates_.clear();
-  templates_.reserve(kTypicalTemplates);
   return taken;
 }
 

@@ -2,7 +2,7 @@
 // its columns, standard sizes its rows. Rows live in templates, which hold
 // what their sizes share; the table's rows are the sizes of all its
 // templates, in template order. Every folder owns exactly one table, made
-// with the folder and filled when the folder's packet is loaded.
+// when the folder first needs it and filled when its packet is loaded.
 //
 // Invariant: after any completed operation every template holds a record of
 // every column, agreeing with the column on all fields both have.

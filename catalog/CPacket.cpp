@@ -24,6 +24,11 @@ void CPacket::SetRootFolder(std::unique_ptr<CFolder> root) {
   if (rootFolder_) rootFolder_->SetPacketOfSubtree(this);
 }
 
+void CPacket::SetLinkedRootFolder(std::unique_ptr<CFolder> root) {
+  DropSizeIndex();
+  rootFolder_ = std::move(root);
+}
+
 bool CPacket::Load() {
   if (loaded_) return true;
   loaded_ = store_.LoadPacket(this);

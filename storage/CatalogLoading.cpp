@@ -2,9 +2,9 @@
 // attribute dictionaries, read when a provider attaches and again on reload.
 // Everything below the folders waits for the first touch of its packet.
 #include <optional>
+#include <string_view>
 
 #include "platform/Report.h"
-#include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
 #include "storage/BaseOperation.h"
 #include "storage/CDataProvider.h"
@@ -80,12 +80,11 @@ bool BaseOperation::LoadPacketsAndFolders() {
     while (statement.Fetch()) {
       std::int32_t id = 0;
       std::int32_t parentId = 0;
-      std::wstring name;
+      std::string_view storedName;
       statement.Get(1, id);
-      GetDbText(statement, 2, name);
+      statement.Get(2, storedName);
       const bool noParent = statement.Get(3, parentId);
-      linker.AddFolder(std::make_unique<CFolder>(id, std::move(name)),
-                       noParent ? std::nullopt : std::optional<std::int32_t>(parentId));
+      linker.AddFolder(id, storedName, noParent ? std::nullopt : std::optional<std::int32_t>(parentId));
     }
   }
   if (const std::optional<std::wstring> stray = linker.Link()) {

@@ -1,17 +1,22 @@
 // FolderTreeLinker: turns the rows of PACKET and FOLDER into the packets'
 // folder trees, in time linear in the number of folders. Folders are linked
 // by ID_PARENT alone; a parentless folder that a packet names is that
-// packet's root. Folders that no packet reaches are destroyed with the
-// linker.
+// packet's root (the last packet to name it, if several do). Each folder's
+// children keep the order their rows came in. Folders that no packet
+// reaches are never made.
+//
+// A folder row is kept as its id, parent and stored name bytes, and the
+// folders are made only when the rows are linked: the fetch loop then leaves
+// the client's caches alone, and each tree's folders are made together, each
+// just before its parent takes it.
 //
 // Used by one load on one thread.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <vector>
 
 class CFolder;
@@ -24,7 +29,8 @@ class FolderTreeLinker {
 
   // A packet whose root is the folder with this id.
   void AddPacket(std::int32_t rootFolderId, CPacket* packet);
-  void AddFolder(std::unique_ptr<CFolder> folder, std::optional<std::int32_t> parentId);
+  // `storedName` is the NAME column's bytes, copied here.
+  void AddFolder(std::int32_t id, std::string_view storedName, std::optional<std::int32_t> parentId);
 
   // Hands every folder a packet reaches to its parent or packet. Returns the
   // name of the first folder, in the order they were added, that no packet
@@ -33,14 +39,20 @@ class FolderTreeLinker {
 
  private:
   struct Row {
-    std::unique_ptr<CFolder> folder;  // empty once placed in a tree
-    std::optional<std::int32_t> parentId;
+    std::int32_t id;
+    std::int32_t parentId;
+    bool hasParent;
+  };
+  struct Root {
+    std::int32_t folderId;
+    CPacket* packet;
   };
 
-  // Moves the subtree below `root` (row index) out of the rows into its tree.
-  void PlaceSubtree(std::size_t root, const std::unordered_map<std::int32_t, std::vector<std::size_t>>& children);
+  // The name bytes of row r are storedNames_[nameEnds_[r - 1] .. nameEnds_[r]).
+  std::string_view StoredName(std::size_t row) const;
 
   std::vector<Row> rows_;
-  std::unordered_map<std::int32_t, std::size_t> rowById_;
-  std::unordered_map<std::int32_t, CPacket*> packetByRootId_;
+  std::string storedNames_;
+  std::vector<std::size_t> nameEnds_;
+  std::vector<Root> roots_;
 };

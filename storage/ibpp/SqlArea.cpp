@@ -213,17 +213,24 @@ bool SqlArea::GetDouble(int index, double& value) const {
 }
 
 bool SqlArea::GetText(int index, std::string& value) const {
-  value.clear();
+  std::string_view bytes;
+  const bool isNull = GetText(index, bytes);
+  value.assign(bytes);
+  return isNull;
+}
+
+bool SqlArea::GetText(int index, std::string_view& value) const {
+  value = {};
   const XSQLVAR& var = Var(index);
   const short base = BaseType(var.sqltype);
   if (base != SQL_TEXT && base != SQL_VARYING) ThrowType(index, "a string");
   if (IsNull(index)) return true;
   if (base == SQL_TEXT) {
-    value.assign(var.sqldata, static_cast<std::size_t>(var.sqllen));
+    value = std::string_view(var.sqldata, static_cast<std::size_t>(var.sqllen));
   } else {
     short length;
     std::memcpy(&length, var.sqldata, sizeof length);
-    value.assign(var.sqldata + sizeof length, static_cast<std::size_t>(length));
+    value = std::string_view(var.sqldata + sizeof length, static_cast<std::size_t>(length));
   }
   return false;
 }

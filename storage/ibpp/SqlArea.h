@@ -52,6 +52,8 @@ class SqlArea {
   bool GetInt(int index, std::int32_t& value) const;
   bool GetDouble(int index, double& value) const;
   bool GetText(int index, std::string& value) const;
+  // Points into the variable's buffer.
+  bool GetText(int index, std::string_view& value) const;
   bool GetBlob(int index, BlobId& value) const;
 
  private:

@@ -205,6 +205,9 @@ bool Statement::IsNull(int column) const { return impl_->Row().IsNull(impl_->Col
 bool Statement::Get(int column, std::int32_t& value) const { return impl_->Row().GetInt(impl_->ColumnIndex(column), value); }
 bool Statement::Get(int column, double& value) const { return impl_->Row().GetDouble(impl_->ColumnIndex(column), value); }
 bool Statement::Get(int column, std::string& value) const { return impl_->Row().GetText(impl_->ColumnIndex(column), value); }
+bool Statement::Get(int column, std::string_view& value) const {
+  return impl_->Row().GetText(impl_->ColumnIndex(column), value);
+}
 
 bool Statement::Get(int column, Blob& blob) const {
   BlobId id;

@@ -56,6 +56,9 @@ class Statement {
   bool Get(int column, std::int32_t& value) const;
   bool Get(int column, double& value) const;
   bool Get(int column, std::string& value) const;
+  // The text in the row's own buffer, without a copy: valid until the next
+  // Fetch, Execute or Prepare.
+  bool Get(int column, std::string_view& value) const;
   // Gives the blob the column's blob id, ready to be opened.
   bool Get(int column, Blob& blob) const;
 

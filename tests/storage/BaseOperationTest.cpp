@@ -187,6 +187,33 @@ TEST(DatabaseText, CharacterOutsideCodePage1251IsTheOnlyOneLost) {
   EXPECT_EQ(ReadText(scope, AddText(scope, std::nullopt)), (std::vector<TextRead>{{true, L""}, {true, L""}}));
 }
 
+TEST(DatabaseText, EveryStoredByteReadsAsItsCodePage1251CharacterAndTheUndefinedOneIsDropped) {
+  TestCatalog catalog;
+  SqlScope scope(catalog.Provider());
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  IBPP::Statement statement = scope.NewStatement();
+  statement.Prepare("INSERT INTO CONCRETEVALUE (STRVAL) VALUES (?) RETURNING ID");
+  statement.Set(1, std::string_view(bytes));
+  statement.Execute();
+  std::int32_t id = 0;
+  statement.Get(1, id);
+
+  const std::vector<TextRead> read = ReadText(scope, id);
+  for (const auto& [isNull, text] : read) {
+    EXPECT_FALSE(isNull);
+    ASSERT_EQ(text.size(), 254u) << "only 0x98 has no character";
+    EXPECT_EQ(text, Cp1251ToWide(bytes));
+    EXPECT_EQ(text[0x41 - 1], L'A');
+    EXPECT_EQ(text[0x88 - 1], L'\u20AC');   // euro sign
+    EXPECT_EQ(text[0x99 - 2], L'\u2122');   // trade mark, behind the dropped byte
+    EXPECT_EQ(text[0xC0 - 2], L'\u0410');   // А
+    EXPECT_EQ(text[0xFF - 2], L'\u044F');   // я
+  }
+  // Back through the text parameter, the same bytes.
+  EXPECT_EQ(ReadText(scope, AddText(scope, read[0].second))[0].second, read[0].second);
+}
+
 // A model written whole and read back whole, with the segments it has.
 void ExpectModelRoundTrip(const std::vector<unsigned char>& model, int segments) {
   TestCatalog catalog;
