@@ -99,3 +99,14 @@ bool CLxDataAccess::_DeleteProviderPool(CProviderPool* pool) {
   Report(L"Не найден провайдер среди списка доступных провайдеров", "CLxDataAccess::_DeleteProviderPool");
   return false;
 }
+
+IObjectPool* RegisteredLibraries::FindPool(const std::wstring& libraryName) {
+  return CLxDataAccess::GetPool(libraryName);
+}
+
+std::wstring RegisteredLibraries::NameOf(const IObjectPool& pool) {
+  for (const auto& [name, owned] : Registry()) {
+    if (owned && static_cast<const IObjectPool*>(owned.get()) == &pool) return name;
+  }
+  return {};
+}

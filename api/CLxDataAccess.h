@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "object/IObjectPool.h"
+
 class CProviderPool;
 
 class CLxDataAccess {
@@ -33,4 +35,12 @@ class CLxDataAccess {
   // Removes and destroys the pool; reports and returns false when it is not
   // registered.
   static bool _DeleteProviderPool(CProviderPool* pool);
+};
+
+// The registry as placed objects see it: a buffer names its library, and
+// the pool registered under that name is where its size is looked for.
+class RegisteredLibraries final : public IObjectLibraries {
+ public:
+  IObjectPool* FindPool(const std::wstring& libraryName) override;
+  std::wstring NameOf(const IObjectPool& pool) override;
 };

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "formula/NumberText.h"
 #include "platform/TextCodec.h"
 #include "storage/ibpp/Exception.h"
 
@@ -46,3 +47,4 @@ std::wstring_view Required(const wchar_t* text) {
   return text;
 }
 
+const NumberFormat& FormatOrDefault(const NumberFormat* format) { return format ? *format : kDefaultNumberFormat; }

@@ -73,3 +73,6 @@ class CallFrame {
 // frame answers with its "unknown exception" message and the zero result.
 std::wstring_view Required(const wchar_t* text);
 
+// A number format the client may leave out: null means the library's
+// default.
+const NumberFormat& FormatOrDefault(const NumberFormat* format);

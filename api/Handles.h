@@ -20,6 +20,9 @@ class CStdModel;
 class CStdPrj;
 class CStdProjs;
 class CSearchResult2;
+class CObject;
+class CLayers;
+class CLayer;
 struct FileRecord;
 
 #define LX_BIND_HANDLE(HandleType, ClassType)                                                   \
@@ -41,5 +44,8 @@ LX_BIND_HANDLE(LxFile, FileRecord)
 LX_BIND_HANDLE(LxSpec, CSpec)
 LX_BIND_HANDLE(LxSearchResult, CSearchResult)
 LX_BIND_HANDLE(LxSearchResult2, CSearchResult2)
+LX_BIND_HANDLE(LxObject, CObject)
+LX_BIND_HANDLE(LxLayers, CLayers)
+LX_BIND_HANDLE(LxLayer, CLayer)
 
 #undef LX_BIND_HANDLE

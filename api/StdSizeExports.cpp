@@ -18,9 +18,6 @@ namespace {
 
 CFolderTable* TableOf(LxStdSize* stdSize) { return Obj(stdSize)->GetTemplate()->GetTable(); }
 
-// A client that passes no format gets the library's default.
-const NumberFormat& FormatOrDefault(const NumberFormat* format) { return format ? *format : kDefaultNumberFormat; }
-
 bool SetValue(const char* function, LxStdSize* stdSize, LxAttribute* attribute, const Value& value) {
   return CallFrame(function).Handle(stdSize, "stdSize").Handle(attribute, "attribute").Call([&] {
     return TableOf(stdSize)->_SetValue(Obj(attribute), Obj(stdSize), value);

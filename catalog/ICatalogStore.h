@@ -32,6 +32,10 @@ class ICatalogStore {
   // through their size's table.
   virtual IContentStore& Content() = 0;
 
+  // The database path as the provider was given it; placed objects name
+  // their cache entries after it.
+  virtual const std::wstring& DatabaseName() const = 0;
+
   // Reads everything below the folders of the packet into memory.
   virtual bool LoadPacket(CPacket* packet) = 0;
 

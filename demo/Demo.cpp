@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "LxDataAccess.h"
 
@@ -159,6 +160,39 @@ void TourOfSpecifications(LxDataProvider* provider) {
     std::wprintf(L"Representation data: %d bytes stored and read back\n", length);
 }
 
+std::wstring ViewText(const ValueView& view) {
+  if (view.index == LX_VALUE_STRING) return std::wstring(view.payload.text, view.length);
+  if (view.index == LX_VALUE_DOUBLE) return std::to_wstring(view.payload.number);
+  return view.index == LX_VALUE_INT ? std::to_wstring(view.payload.integer) : L"—";
+}
+
+// Places a bend in a "drawing", turns it to 45 degrees there only, saves it
+// into a byte buffer as a client keeps it in its document, and loads it back
+// from the buffer alone.
+void TourOfPlacedObjects(LxProviderPool* pool, LxDataProvider* provider) {
+  LxStdSize* size = packet_FindStdSize(provider_GetPacketByName(provider, L"Воздуховоды"), L"ОТ-125");
+  LxFolderTable* bends = Bends(provider);
+  LxObject* placed = pool_CreateObject(pool, size, L"Ducts");
+  object_SetValueD(placed, table_FindAttribute(bends, L"Угол"), 45.0);
+  ValueView view{};
+  object_GetValueByName(placed, L"Обозначение", nullptr, &view);
+  std::wprintf(L"\nPlaced \"%ls\", turned to 45° in the drawing only: %ls (the catalog row still says %ls)\n",
+               stdsize_GetID(size), ViewText(view).c_str(),
+               ValueText(size, table_FindAttribute(bends, L"Обозначение")).c_str());
+  std::vector<unsigned char> buffer(1024);
+  uint32_t written = 0;
+  object_Save(placed, buffer.data(), static_cast<int32_t>(buffer.size()), &written, 1);
+  object_Delete(placed);
+  const wchar_t *packet = nullptr, *id = nullptr, *library = nullptr;
+  object_getPacketInfo(buffer.data(), static_cast<int32_t>(written), &packet, &id, &library);
+  std::wprintf(L"Saved into %u bytes naming packet \"%ls\", size \"%ls\", library \"%ls\"\n", written, packet, id,
+               library);
+  LxObject* loaded = object_Load(pool, buffer.data(), static_cast<int32_t>(written), false);
+  object_GetValueByName(loaded, L"Обозначение", nullptr, &view);
+  std::wprintf(L"Loaded back: %ls, cache id \"%ls\"\n", ViewText(view).c_str(), object_generateCacheId(loaded));
+  object_Delete(loaded);
+}
+
 std::wstring DemoDatabasePath() {
   const char* tmp = std::getenv("TMP");
   if (tmp == nullptr || *tmp == '\0') tmp = std::getenv("TMPDIR");
@@ -205,6 +239,7 @@ int main() {
   TourOfATable(provider);
   TourOfContent(provider, std::filesystem::path(database).parent_path());
   TourOfSpecifications(provider);
+  TourOfPlacedObjects(pool, provider);
 
   lxDeleteProviderPool(pool);
   std::error_code ignored;

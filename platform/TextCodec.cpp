@@ -1,5 +1,6 @@
 #include "platform/TextCodec.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -134,3 +135,70 @@ std::wstring Cp1251ToWide(std::string_view text) {
   return out;
 }
 
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+// The code point a wide character stands for on the UTF-16 side.
+char32_t Utf16CodePoint(wchar_t ch) {
+  const auto code = static_cast<char32_t>(ch);
+  return code > 0x10FFFF ? kReplacement : code;
+}
+
+// The first (or only) unit of the character: what decides its UTF-16 order.
+char32_t LeadUnit(wchar_t ch) {
+  const char32_t code = Utf16CodePoint(ch);
+  return code >= 0x10000 ? 0xD800 + ((code - 0x10000) >> 10) : code;
+}
+
+void PutUnit(char32_t unit, unsigned char*& out) {
+  *out++ = static_cast<unsigned char>(unit & 0xFF);
+  *out++ = static_cast<unsigned char>(unit >> 8);
+}
+
+}  // namespace
+
+std::size_t Utf16Length(std::wstring_view text) {
+  std::size_t units = text.size();
+  for (wchar_t ch : text) units += Utf16CodePoint(ch) >= 0x10000;
+  return units;
+}
+
+void WriteUtf16Le(std::wstring_view text, unsigned char* out) {
+  for (wchar_t ch : text) {
+    const char32_t code = Utf16CodePoint(ch);
+    if (code >= 0x10000) {
+      PutUnit(0xD800 + ((code - 0x10000) >> 10), out);
+      PutUnit(0xDC00 + ((code - 0x10000) & 0x3FF), out);
+    } else {
+      PutUnit(code, out);
+    }
+  }
+}
+
+std::wstring ReadUtf16Le(const unsigned char* bytes, std::size_t units) {
+  std::wstring text;
+  text.reserve(units);
+  for (std::size_t i = 0; i < units; ++i) {
+    const char32_t unit = bytes[2 * i] | bytes[2 * i + 1] << 8;
+    const char32_t next = i + 1 < units ? bytes[2 * i + 2] | bytes[2 * i + 3] << 8 : 0;
+    if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+      text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
+      ++i;
+    } else {
+      text += static_cast<wchar_t>(unit);
+    }
+  }
+  return text;
+}
+
+bool Utf16Less::operator()(std::wstring_view left, std::wstring_view right) const {
+  const auto [l, r] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+  if (l == left.end() || r == right.end()) return r != right.end();
+  const char32_t leftLead = LeadUnit(*l);
+  const char32_t rightLead = LeadUnit(*r);
+  // Equal lead units: both are pairs of one block, and the trail units
+  // order as the code points do.
+  return leftLead != rightLead ? leftLead < rightLead : Utf16CodePoint(*l) < Utf16CodePoint(*r);
+}

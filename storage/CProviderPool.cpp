@@ -6,6 +6,7 @@
 #include "platform/CaseFold.h"
 #include "storage/BaseOperation.h"
 #include "storage/CDataProvider.h"
+#include "storage/PacketOperation.h"
 
 namespace {
 
@@ -76,6 +77,15 @@ CPacket* CProviderPool::FindPacket(const std::wstring& name) const {
     if (CPacket* packet = provider->GetPacketByName(name)) return packet;
   }
   return nullptr;
+}
+
+CPacket* CProviderPool::FindPacketOfProvider(std::size_t provider, const std::wstring& name) const {
+  return providers_[provider]->GetPacketByName(name);
+}
+
+std::int32_t CProviderPool::FindStdSizeIdByOldReference(CPacket& packet, const std::wstring& oldIndex,
+                                                        const std::wstring& oldName) {
+  return PacketOperation::FindStdSizeIdByOldReference(&packet, oldIndex, oldName);
 }
 
 bool CProviderPool::_DeleteProvider(CDataProvider* provider) {

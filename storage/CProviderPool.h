@@ -2,6 +2,9 @@
 // Owns its providers, in the order they were added; a provider's index is its
 // place in that order. Owned by the registry (CLxDataAccess).
 //
+// Placed objects find their sizes and old references through it
+// (IObjectPool).
+//
 // Not thread-safe: every use runs under the frame lock.
 #pragma once
 
@@ -10,13 +13,15 @@
 #include <string>
 #include <vector>
 
+#include "object/IObjectPool.h"
+
 class CDataProvider;
 class CPacket;
 
-class CProviderPool {
+class CProviderPool final : public IObjectPool {
  public:
   explicit CProviderPool(std::wstring ulbPath);
-  ~CProviderPool();
+  ~CProviderPool() override;
 
   CProviderPool(const CProviderPool&) = delete;
   CProviderPool& operator=(const CProviderPool&) = delete;
@@ -32,6 +37,12 @@ class CProviderPool {
 
   // The first packet of that exact name among all providers; loads nothing.
   CPacket* FindPacket(const std::wstring& name) const;
+
+  // IObjectPool.
+  std::size_t ProviderCount() const override { return providers_.size(); }
+  CPacket* FindPacketOfProvider(std::size_t provider, const std::wstring& name) const override;
+  std::int32_t FindStdSizeIdByOldReference(CPacket& packet, const std::wstring& oldIndex,
+                                           const std::wstring& oldName) override;
 
   // The provider at `index` with no checks; for walks that know the count.
   CDataProvider* ProviderAt(std::size_t index) const { return providers_[index].get(); }

@@ -160,6 +160,20 @@ SpecList PacketOperation::LoadSpecs(CDataProvider* provider, CTemplate* owner) {
   return specs;
 }
 
+std::int32_t PacketOperation::FindStdSizeIdByOldReference(CPacket* packet, const std::wstring& oldIndex,
+                                                         const std::wstring& oldName) {
+  PacketOperation operation(packet->GetProvider());
+  IBPP::Statement statement = operation.NewStatement();
+  statement.Prepare(
+      "SELECT O.ID AS OBJECT_ID, SS.ID AS STDSIZE_ID FROM PACKET P INNER JOIN OBJECT O ON O.PACKETID = P.ID INNER "
+      "JOIN STANDARDSIZE SS ON SS.OBJECTID = O.ID WHERE P.PACKETID = ? AND SS.OLD_INDEX = ? AND SS.OLD_NAME = ?");
+  SetDbText(statement, 1, packet->GetName());
+  SetDbText(statement, 2, oldIndex);
+  SetDbText(statement, 3, oldName);
+  statement.Execute();
+  return statement.Fetch() ? ReadInt(statement, 2) : -1;
+}
+
 bool PacketOperation::LoadSpecColumns(CDataProvider* provider, std::int32_t specId,
                                       std::vector<CSpec::StoredColumn>& columns) {
   PacketOperation operation(provider);

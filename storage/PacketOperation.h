@@ -44,6 +44,10 @@ class PacketOperation : public BaseOperation {
   static SpecList LoadSpecs(CDataProvider* provider, CTemplate* owner);
   static bool LoadSpecColumns(CDataProvider* provider, std::int32_t specId,
                               std::vector<CSpec::StoredColumn>& columns);
+  // The id of the size an old reference names in the packet: -1 without a
+  // row, 0 for a NULL id.
+  static std::int32_t FindStdSizeIdByOldReference(CPacket* packet, const std::wstring& oldIndex,
+                                                  const std::wstring& oldName);
   // The template's representation data; null with a report.
   static ByteDataPtr GetRepresitation(CDataProvider* provider, std::int32_t templateId);
 

@@ -9,6 +9,8 @@
 
 IContentStore& ProviderCatalogStore::Content() { return provider_.Content(); }
 
+const std::wstring& ProviderCatalogStore::DatabaseName() const { return provider_.GetDatabaseName(); }
+
 bool ProviderCatalogStore::LoadPacket(CPacket* packet) { return BaseOperation::LoadPacket(packet); }
 
 std::unique_ptr<CFolder> ProviderCatalogStore::AddChildFolder(CFolder* parent, const std::wstring& name) {

@@ -15,6 +15,7 @@ class ProviderCatalogStore final : public ICatalogStore {
   explicit ProviderCatalogStore(CDataProvider& provider) : provider_(provider) {}
 
   IContentStore& Content() override;
+  const std::wstring& DatabaseName() const override;
   bool LoadPacket(CPacket* packet) override;
 
   std::unique_ptr<CFolder> AddChildFolder(CFolder* parent, const std::wstring& name) override;
