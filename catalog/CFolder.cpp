@@ -29,11 +29,19 @@ void CFolder::SetPacketOfSubtree(CPacket* packet) {
     folder->packet_ = packet;
     for (const auto& child : folder->children_) pending.push_back(child.get());
   }
+  NoteSizesChanged();
+}
+
+void CFolder::NoteSizesChanged() const {
+  const CFolder* root = this;
+  while (root->parent_ != nullptr) root = root->parent_;
+  if (root->packet_ != nullptr) root->packet_->DropSizeIndex();
 }
 
 CFolder* CFolder::AppendChild(std::unique_ptr<CFolder> child) {
   child->parent_ = this;
   children_.push_back(std::move(child));
+  NoteSizesChanged();
   return children_.back().get();
 }
 
@@ -48,8 +56,10 @@ std::unique_ptr<CFolder> CFolder::DetachChild(CFolder* child) {
   const auto found =
       std::find_if(children_.begin(), children_.end(), [child](const auto& owned) { return owned.get() == child; });
   if (found == children_.end()) return nullptr;
+  NoteSizesChanged();
   std::unique_ptr<CFolder> detached = std::move(*found);
   children_.erase(found);
+  detached->parent_ = nullptr;
   return detached;
 }
 

@@ -42,6 +42,11 @@ class CFolder {
   CFolder* Child(std::size_t index) const { return children_[index].get(); }
   // The child with exactly this name, case counting; null if none.
   CFolder* FindChild(const std::wstring& name) const;
+  // Tells the packet whose tree holds this folder that its sizes may have
+  // changed. The packet is found through the root, not through this
+  // folder's own packet: a folder moved into another packet's tree keeps
+  // the packet it was loaded with.
+  void NoteSizesChanged() const;
   // The table without loading anything.
   CFolderTable* TableInMemory() const { return table_.get(); }
 

@@ -45,13 +45,17 @@ CFolderTable::~CFolderTable() { templates_.clear(); }
 
 ICatalogStore& CFolderTable::Store() const { return folder_->GetPacket()->Store(); }
 
+void CFolderTable::NoteSizesChanged() const { folder_->NoteSizesChanged(); }
+
 CTemplate* CFolderTable::AppendTemplate(std::unique_ptr<CTemplate> entry) {
+  NoteSizesChanged();
   entry->SetTable(this);
   templates_.push_back(std::move(entry));
   return templates_.back().get();
 }
 
 std::vector<std::unique_ptr<CTemplate>> CFolderTable::TakeTemplates() {
+  NoteSizesChanged();
   std::vector<std::unique_ptr<CTemplate>> taken = std::move(templates_);
   templates_.clear();
   templates_.reserve(kTypicalTemplates);
@@ -59,6 +63,7 @@ std::vector<std::unique_ptr<CTemplate>> CFolderTable::TakeTemplates() {
 }
 
 void CFolderTable::Clear() {
+  NoteSizesChanged();
   templates_.clear();
   while (attributes_.Count() > 0) attributes_.Remove(attributes_.At(attributes_.Count() - 1));
 }

@@ -49,6 +49,9 @@ class CFolderTable {
   bool HoldsTemplate(const CTemplate* entry) const;
   // Drops all templates and columns, for a load that starts over.
   void Clear();
+  // Passes on to the packet that this table's sizes may have changed; the
+  // templates call it for their own sizes.
+  void NoteSizesChanged() const;
 
   AttributeContainer& Attributes() { return attributes_; }
   // One column per record of the first template, in the records' order.

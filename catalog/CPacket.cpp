@@ -19,6 +19,7 @@ CPacket::CPacket(std::int32_t id, std::wstring name, CDataProvider* provider, IC
 CPacket::~CPacket() = default;
 
 void CPacket::SetRootFolder(std::unique_ptr<CFolder> root) {
+  DropSizeIndex();
   rootFolder_ = std::move(root);
   if (rootFolder_) rootFolder_->SetPacketOfSubtree(this);
 }
@@ -26,6 +27,9 @@ void CPacket::SetRootFolder(std::unique_ptr<CFolder> root) {
 bool CPacket::Load() {
   if (loaded_) return true;
   loaded_ = store_.LoadPacket(this);
+  // The loader fills and splits the tables while the tree is linked, but a
+  // failed load may leave part of its content behind: no index survives it.
+  DropSizeIndex();
   if (loaded_) return true;
   Report(L"Не смогли загрузить данные пакета " + name_, "CPacket::Load");
   return false;
@@ -53,6 +57,15 @@ bool CPacket::_RenameFolder(CFolder* folder, const std::wstring& name) {
 
 CStandartSize* CPacket::FindStdSize(const std::wstring& identifier) {
   if (rootFolder_ == nullptr) return nullptr;
+  // Until a load has succeeded the walk runs, loading as it goes, so that a
+  // failing load reports exactly as it always has.
+  if (!loaded_) return FindStdSizeByWalk(identifier);
+  if (sizeIndex_ == nullptr) BuildSizeIndex();
+  const auto found = sizeIndex_->find(identifier);
+  return found != sizeIndex_->end() ? found->second : nullptr;
+}
+
+CStandartSize* CPacket::FindStdSizeByWalk(const std::wstring& identifier) {
   if (CFolderTable* table = rootFolder_->_GetTable()) {
     if (CStandartSize* size = table->FindStdSize(identifier)) return size;
   }
@@ -60,6 +73,27 @@ CStandartSize* CPacket::FindStdSize(const std::wstring& identifier) {
     if (CStandartSize* size = rootFolder_->Child(i)->FindStdSize(identifier)) return size;
   }
   return nullptr;
+}
+
+void CPacket::BuildSizeIndex() {
+  auto index = std::make_unique<std::unordered_map<std::wstring, CStandartSize*>>();
+  // The order of the walk: each folder's own table, then its children in
+  // list order, depth first; children pushed in reverse come off in order.
+  std::vector<CFolder*> pending{rootFolder_.get()};
+  while (!pending.empty()) {
+    CFolder* folder = pending.back();
+    pending.pop_back();
+    const CFolderTable* table = folder->TableInMemory();
+    for (std::size_t t = 0; t < table->TemplateCount(); ++t) {
+      const CTemplate* owner = table->Template(t);
+      for (std::size_t s = 0; s < owner->SizeCount(); ++s) {
+        CStandartSize* size = owner->Size(s);
+        index->try_emplace(size->GetIdentifier(), size);
+      }
+    }
+    for (std::size_t i = folder->ChildCount(); i > 0; --i) pending.push_back(folder->Child(i - 1));
+  }
+  sizeIndex_ = std::move(index);
 }
 
 std::wstring CPacket::AttributeUniqueValues(const std::wstring& attributeName, wchar_t separator) {

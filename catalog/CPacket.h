@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 class CDataProvider;
 class CFolder;
@@ -42,8 +43,12 @@ class CPacket {
   bool Load();
 
   // The size with exactly this identifier anywhere in the packet, loading
-  // the packet first; null if none.
+  // the packet first; null if none. Where identifiers repeat, the first in
+  // the walk order wins: the root's table, then the folders depth first.
   CStandartSize* FindStdSize(const std::wstring& identifier);
+  // Forgets the identifier index; the next lookup builds it again. Called
+  // by everything that adds, removes or reorders sizes, templates or folders.
+  void DropSizeIndex() { sizeIndex_.reset(); }
   // The distinct texts of the named attribute's values over every size of
   // the packet, in code-unit order, joined by the separator.
   std::wstring AttributeUniqueValues(const std::wstring& attributeName, wchar_t separator);
@@ -53,11 +58,21 @@ class CPacket {
   static bool _RenameFolder(CFolder* folder, const std::wstring& name);
 
  private:
+  // The lookup as a walk over the tables, loading on the way.
+  CStandartSize* FindStdSizeByWalk(const std::wstring& identifier);
+  void BuildSizeIndex();
+
   std::int32_t id_;
   std::wstring name_;
   std::unique_ptr<CFolder> rootFolder_;
   CDataProvider* provider_;
   bool loaded_ = false;
+  // Identifier to the first size of that identifier in the walk order, built
+  // by the first lookup after the packet is loaded. Invariant: whenever it
+  // exists, it holds exactly the sizes the tree holds, so it never points at
+  // a destroyed size; any change to the tree's sizes, templates or folders
+  // drops it (see CFolder::NoteSizesChanged).
+  std::unique_ptr<std::unordered_map<std::wstring, CStandartSize*>> sizeIndex_;
   // The provider's own store; not owned.
   ICatalogStore& store_;
 };

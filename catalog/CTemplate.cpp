@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalog/CFolderTable.h"
 #include "catalog/CStandartSize.h"
 
 namespace {
@@ -26,7 +27,12 @@ void CTemplate::EraseRecord(std::int32_t number) {
   std::erase_if(records_, [number](const TemplateAttribute& record) { return record.number == number; });
 }
 
+void CTemplate::NoteSizesChanged() const {
+  if (table_ != nullptr) table_->NoteSizesChanged();
+}
+
 CStandartSize* CTemplate::AppendSize(std::unique_ptr<CStandartSize> size) {
+  NoteSizesChanged();
   sizes_.push_back(std::move(size));
   return sizes_.back().get();
 }
@@ -35,6 +41,7 @@ std::unique_ptr<CStandartSize> CTemplate::DetachSize(CStandartSize* size) {
   const auto found =
       std::find_if(sizes_.begin(), sizes_.end(), [size](const auto& owned) { return owned.get() == size; });
   if (found == sizes_.end()) return nullptr;
+  NoteSizesChanged();
   std::unique_ptr<CStandartSize> detached = std::move(*found);
   sizes_.erase(found);
   return detached;

@@ -48,6 +48,9 @@ class CTemplate {
   std::unique_ptr<CStandartSize> DetachSize(CStandartSize* size);
 
  private:
+  // Sizes came or went: the packet's identifier index must go.
+  void NoteSizesChanged() const;
+
   std::int32_t id_;
   std::wstring name_;
   std::wstring type_;

@@ -82,14 +82,14 @@ struct BufferBlock {
 // The content of a whole buffer, written in any of the six versions; each
 // version takes the fields it has and leaves the others out.
 struct ObjectContent {
-  std::wstring packetName;
-  std::wstring stdSizeId;
-  std::wstring libraryId;
-  std::vector<BufferValue> values;
+  std::wstring packetName{};
+  std::wstring stdSizeId{};
+  std::wstring libraryId{};
+  std::vector<BufferValue> values{};
   double elevation = 0.0;
-  std::wstring viewName;
+  std::wstring viewName{};
   std::uint32_t viewType = 0;
-  std::vector<BufferBlock> blocks;
+  std::vector<BufferBlock> blocks{};
 
   ObjectBuffer Written(std::int32_t version) const {
     ObjectBuffer buffer;
