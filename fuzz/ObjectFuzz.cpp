@@ -43,8 +43,8 @@ constexpr const wchar_t* kRenamedPacket = L"Отводы круглого сеч
 // Attribute names whose values every loaded object is asked for: plain
 // columns of each kind, the columns with a formula, and one that no table
 // has.
-constexpr const wchar_t* kReadNames[] = {L"Длина", L"Шаг",   L"Марка", L"elevation",
-                                         L"Масса", L"Обозначение", L"USS_LAST_CHANGE_DATE", L"Нет"};
+constexpr const wchar_t* kReadNames[] = {L"Длина", L"Шаг", L"Марка", L"elevation", L"Масса", L"Обозначение",
+                                         L"USS_LAST_CHANGE_DATE", L"Нет"};
 
 constexpr std::int32_t kAcceptedVersions[] = {20110124, 20110202, 20110725, 20111128, 20160204, 20190222};
 
