@@ -178,18 +178,21 @@ void WriteUtf16Le(std::wstring_view text, unsigned char* out) {
 }
 
 std::wstring ReadUtf16Le(const unsigned char* bytes, std::size_t units) {
-  std::wstring text;
-  text.reserve(units);
+  // Sized once and cut to what the pairs left: loading a drawing reads
+  // hundreds of thousands of these short texts.
+  std::wstring text(units, L'\0');
+  std::size_t length = 0;
   for (std::size_t i = 0; i < units; ++i) {
     const char32_t unit = bytes[2 * i] | bytes[2 * i + 1] << 8;
     const char32_t next = i + 1 < units ? bytes[2 * i + 2] | bytes[2 * i + 3] << 8 : 0;
     if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
-      text += static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
+      text[length++] = static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (next - 0xDC00));
       ++i;
     } else {
-      text += static_cast<wchar_t>(unit);
+      text[length++] = static_cast<wchar_t>(unit);
     }
   }
+  text.resize(length);
   return text;
 }
 
