@@ -27,8 +27,6 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -87,17 +85,12 @@ class AttachBenchOperation : public BaseOperation {
 // A generated catalog of this many folders, made at first use and removed
 // with its folder when the run ends.
 const lxtest::GeneratedCatalog& LargeCatalog(std::int32_t folders) {
-  static std::map<std::int32_t, std::unique_ptr<lxtest::GeneratedCatalog>> catalogs;
-  std::unique_ptr<lxtest::GeneratedCatalog>& catalog = catalogs[folders];
-  if (!catalog) {
-    CatalogShape shape;
-    shape.packets = folders / kFoldersPerPacket;
-    shape.totalFolders = folders;
-    shape.fanOut = 4;
-    shape.templatesPerFolder = 0;
-    catalog = std::make_unique<lxtest::GeneratedCatalog>("bench-catalog-attach", shape);
-  }
-  return *catalog;
+  CatalogShape shape;
+  shape.packets = folders / kFoldersPerPacket;
+  shape.totalFolders = folders;
+  shape.fanOut = 4;
+  shape.templatesPerFolder = 0;
+  return lxtest::GeneratedOnce("bench-catalog-attach-" + std::to_string(folders), shape);
 }
 
 // Heap bytes in use, mapped blocks included.

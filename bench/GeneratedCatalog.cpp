@@ -3,6 +3,8 @@
 #include <stdlib.h>
 
 #include <fstream>
+#include <map>
+#include <memory>
 #include <stdexcept>
 
 #include "platform/TextCodec.h"
@@ -25,6 +27,13 @@ GeneratedCatalog::GeneratedCatalog(const std::string& name, const CatalogShape& 
 GeneratedCatalog::~GeneratedCatalog() {
   std::error_code ignored;
   std::filesystem::remove_all(folder_, ignored);
+}
+
+const GeneratedCatalog& GeneratedOnce(const std::string& name, const CatalogShape& shape) {
+  static std::map<std::string, std::unique_ptr<GeneratedCatalog>> catalogs;
+  std::unique_ptr<GeneratedCatalog>& catalog = catalogs[name];
+  if (!catalog) catalog = std::make_unique<GeneratedCatalog>(name, shape);
+  return *catalog;
 }
 
 }  // namespace lxtest

@@ -26,4 +26,9 @@ class GeneratedCatalog {
   CatalogCounts written_;
 };
 
+// The catalog of `shape` made on the first call under `name` and kept to the
+// end of the run, so that each argument of a benchmark generates its catalog
+// once; `name` must tell the shapes of one program apart.
+const GeneratedCatalog& GeneratedOnce(const std::string& name, const CatalogShape& shape);
+
 }  // namespace lxtest

@@ -12,8 +12,6 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <map>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -47,19 +45,14 @@ constexpr const char* kSizeValues =
 
 // One generated catalog per packet size, made at first use.
 const lxtest::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
-  static std::map<std::int32_t, std::unique_ptr<lxtest::GeneratedCatalog>> catalogs;
-  auto& catalog = catalogs[sizes];
-  if (!catalog) {
-    CatalogShape shape;
-    shape.packets = 1;
-    shape.depth = 0;
-    shape.templatesPerFolder = 20;
-    shape.sizesPerPacket = sizes;
-    shape.attributes = kAttributes;
-    shape.idSpecification = false;
-    catalog = std::make_unique<lxtest::GeneratedCatalog>("bench-packet-load", shape);
-  }
-  return *catalog;
+  CatalogShape shape;
+  shape.packets = 1;
+  shape.depth = 0;
+  shape.templatesPerFolder = 20;
+  shape.sizesPerPacket = sizes;
+  shape.attributes = kAttributes;
+  shape.idSpecification = false;
+  return lxtest::GeneratedOnce("bench-packet-load-" + std::to_string(sizes), shape);
 }
 
 // Bytes the allocator has handed out and not got back: what a load keeps.
@@ -116,20 +109,15 @@ namespace {
 // A packet spread over 21 folders (a root, four children, sixteen leaves
 // holding the templates), few columns: the lookups need sizes, not values.
 const lxtest::GeneratedCatalog& LookupCatalog(std::int32_t sizes) {
-  static std::map<std::int32_t, std::unique_ptr<lxtest::GeneratedCatalog>> catalogs;
-  auto& catalog = catalogs[sizes];
-  if (!catalog) {
-    CatalogShape shape;
-    shape.packets = 1;
-    shape.depth = 2;
-    shape.fanOut = 4;
-    shape.templatesPerFolder = 10;
-    shape.sizesPerPacket = sizes;
-    shape.attributes = 3;
-    shape.idSpecification = false;
-    catalog = std::make_unique<lxtest::GeneratedCatalog>("bench-packet-lookup", shape);
-  }
-  return *catalog;
+  CatalogShape shape;
+  shape.packets = 1;
+  shape.depth = 2;
+  shape.fanOut = 4;
+  shape.templatesPerFolder = 10;
+  shape.sizesPerPacket = sizes;
+  shape.attributes = 3;
+  shape.idSpecification = false;
+  return lxtest::GeneratedOnce("bench-packet-lookup-" + std::to_string(sizes), shape);
 }
 
 void CollectIdentifiers(LxFolder* folder, std::vector<std::wstring>& identifiers) {

@@ -21,9 +21,8 @@ CFolder::~CFolder() {
   table_.reset();
 }
 
-CFolderTable* CFolder::MakeTable() const {
-  // The folder itself is never const, only the path by which it is reached.
-  table_ = std::make_unique<CFolderTable>(const_cast<CFolder*>(this));
+CFolderTable* CFolder::MakeTable() {
+  table_ = std::make_unique<CFolderTable>(this);
   return table_.get();
 }
 

@@ -50,7 +50,7 @@ class CFolder {
   // the packet it was loaded with.
   void NoteSizesChanged() const;
   // The table without loading anything.
-  CFolderTable* TableInMemory() const { return table_ ? table_.get() : MakeTable(); }
+  CFolderTable* TableInMemory() { return table_ ? table_.get() : MakeTable(); }
 
   // The gate to all content: loads the packet first. Null, with a report,
   // when the load fails.
@@ -68,7 +68,7 @@ class CFolder {
   CStandartSize* FindStdSizeById(std::int32_t id);
 
  private:
-  CFolderTable* MakeTable() const;
+  CFolderTable* MakeTable();
   template <typename Find>
   CStandartSize* FindInSubtree(Find&& find);
   std::unique_ptr<CFolder> DetachChild(CFolder* child);
@@ -79,9 +79,10 @@ class CFolder {
   std::wstring name_;
   std::vector<std::unique_ptr<CFolder>> children_;
   // Made on first use: a catalog holds tens of thousands of folders, and
-  // those of packets nobody opens never need one. Mutable because a folder's
-  // constness has never reached its table.
-  mutable std::unique_ptr<CFolderTable> table_;
+  // those of packets nobody opens never need one. A packet's load makes the
+  // tables of all its folders, so searches over loaded packets, which run
+  // on worker threads, only ever read them.
+  std::unique_ptr<CFolderTable> table_;
   CFolder* parent_ = nullptr;
   CPacket* packet_ = nullptr;
 };

@@ -7,7 +7,6 @@
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 #include "catalog/SizeValue.h"
-#include "formula/FormulaCycle.h"
 
 Value& CStdSizeFormulaHelper::GetValueByName(Value& result, const std::wstring& name, const NumberFormat& format) {
   return Read(result, size_->GetTemplate()->GetTable()->FindAttribute(name), format);
@@ -24,10 +23,7 @@ bool CStdSizeFormulaHelper::SetValueByNumber(int32_t, const Value&) {
 Value& CStdSizeFormulaHelper::Read(Value& result, const CAttribute* attribute, const NumberFormat& format) {
   result = std::monostate{};
   if (attribute == nullptr) return result;  // a name the table lacks is not a read
-  if (++readCount_ > kReadLimit) {
-    ReportFormulaCycle(cycleReported_, size_->GetIdentifier());
-    return result;
-  }
+  if (!guard_.Count(size_->GetIdentifier())) return result;
   if (const Value* value = GetSizeValue(*attribute, *size_, format, this)) result = *value;
   return result;
 }

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string>
 
+#include "formula/FormulaCycle.h"
 #include "formula/IFormulaDataSource.h"
 
 class CAttribute;
@@ -18,8 +19,6 @@ class CStandartSize;
 
 class CStdSizeFormulaHelper : public IFormulaDataSource {
  public:
-  static constexpr std::int32_t kReadLimit = 50;
-
   explicit CStdSizeFormulaHelper(CStandartSize* size) : size_(size) {}
 
   Value& GetValueByName(Value& result, const std::wstring& name, const NumberFormat& format) override;
@@ -31,6 +30,5 @@ class CStdSizeFormulaHelper : public IFormulaDataSource {
   Value& Read(Value& result, const CAttribute* attribute, const NumberFormat& format);
 
   CStandartSize* size_;
-  bool cycleReported_ = false;
-  std::int32_t readCount_ = 0;
+  FormulaReadGuard guard_;
 };

@@ -86,8 +86,7 @@ bool CObject::BindStdSize(CStandartSize* size, const std::wstring& libraryId, bo
   DropDerived();
   stdSize_ = size;
   if (size != nullptr) {
-    packetName_ = PacketOf(size)->GetName();
-    stdSizeId_ = size->GetIdentifier();
+    SetIdentity(PacketOf(size)->GetName(), size->GetIdentifier());
     if (stampDate) StampLastChangeDate();
     if (checkView) CheckView();
   }

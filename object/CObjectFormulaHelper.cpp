@@ -5,7 +5,6 @@
 #include "catalog/CStandartSize.h"
 #include "catalog/CTemplate.h"
 #include "catalog/SizeValue.h"
-#include "formula/FormulaCycle.h"
 #include "object/CObject.h"
 
 namespace {
@@ -22,11 +21,7 @@ Value& CObjectFormulaHelper::GetValueByNumber(Value& result, int32_t attributeNu
   return GetValueOfAttribute(result, TableOf(*object_).Attributes().FindByNumber(attributeNumber), format);
 }
 
-bool CObjectFormulaHelper::Count() {
-  if (++readCount_ <= kReadLimit) return true;
-  ReportFormulaCycle(cycleReported_, object_->GetStdSize()->GetIdentifier());
-  return false;
-}
+bool CObjectFormulaHelper::Count() { return guard_.Count(object_->GetStdSize()->GetIdentifier()); }
 
 Value& CObjectFormulaHelper::GetValueOfAttribute(Value& result, const CAttribute* attribute,
                                                  const NumberFormat& format) {

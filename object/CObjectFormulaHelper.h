@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <string>
 
+#include "formula/FormulaCycle.h"
 #include "formula/IFormulaDataSource.h"
 
 class CAttribute;
@@ -18,8 +19,6 @@ class CObject;
 
 class CObjectFormulaHelper : public IFormulaDataSource {
  public:
-  static constexpr std::int32_t kReadLimit = 50;
-
   explicit CObjectFormulaHelper(CObject* object) : object_(object) {}
 
   Value& GetValueByName(Value& result, const std::wstring& name, const NumberFormat& format) override;
@@ -34,6 +33,5 @@ class CObjectFormulaHelper : public IFormulaDataSource {
   bool Count();
 
   CObject* object_;
-  bool cycleReported_ = false;
-  std::int32_t readCount_ = 0;
+  FormulaReadGuard guard_;
 };

@@ -22,13 +22,6 @@ constexpr std::wstring_view kRenamedPacket = L"Отводы круглого с�
 constexpr std::wstring_view kRenamedFrom = L"DT#080#010#";
 constexpr std::wstring_view kRenamedTo = L"DT#080#030#";
 
-CPacket* FindPacket(const IObjectPool& pool, const std::wstring& name) {
-  for (std::size_t provider = 0; provider < pool.ProviderCount(); ++provider) {
-    if (CPacket* packet = pool.FindPacketOfProvider(provider, name)) return packet;
-  }
-  return nullptr;
-}
-
 // Step 7 of a load: a library id that the registry knows picks its pool; an
 // empty one becomes the name the argument pool is registered under.
 IObjectPool& ChoosePool(IObjectPool& pool, IObjectLibraries& libraries, std::wstring& libraryId) {
@@ -78,7 +71,7 @@ std::unique_ptr<CObject> CObjectHelper::_CreateObject_OLD(IObjectPool& pool, con
                                                           const std::wstring& oldIndex, const std::wstring& oldName,
                                                           const std::wstring& libraryId) {
   if (CStandartSize* size = FindStdSizeInPool(pool, packetName, oldIndex)) return CreateObject(size, libraryId);
-  CPacket* packet = FindPacket(pool, packetName);
+  CPacket* packet = pool.FindPacket(packetName);
   if (packet == nullptr) {
     Report(L"Не найден пакет " + packetName, kCreateObjectOld);
     return nullptr;

@@ -17,6 +17,8 @@ class IObjectPool {
  public:
   virtual ~IObjectPool() = default;
 
+  // The first packet of exactly this name among all providers, or null.
+  virtual CPacket* FindPacket(const std::wstring& name) const = 0;
   virtual std::size_t ProviderCount() const = 0;
   // The first packet of exactly this name among the packets of the provider
   // at `provider`, or null.

@@ -121,17 +121,22 @@ std::string WideToCp1251(std::wstring_view text) {
   return out;
 }
 
-std::wstring Cp1251ToWide(std::string_view text) {
-  std::wstring out;
-  out.reserve(text.size());
+void Cp1251ToWide(std::string_view text, std::wstring& out) {
+  // Sized once and cut by what was dropped: reading a catalog converts every
+  // name it holds, and the one byte without a character is rare.
+  out.resize(text.size());
+  std::size_t length = 0;
   for (char byte : text) {
     const auto b = static_cast<unsigned char>(byte);
-    if (b < 0x80) {
-      out += static_cast<wchar_t>(b);
-    } else if (kCp1251High[b - 0x80] != 0) {
-      out += static_cast<wchar_t>(kCp1251High[b - 0x80]);
-    }
+    const wchar_t ch = b < 0x80 ? static_cast<wchar_t>(b) : static_cast<wchar_t>(kCp1251High[b - 0x80]);
+    if (ch != 0 || b == 0) out[length++] = ch;
   }
+  out.resize(length);
+}
+
+std::wstring Cp1251ToWide(std::string_view text) {
+  std::wstring out;
+  Cp1251ToWide(text, out);
   return out;
 }
 

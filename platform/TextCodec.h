@@ -19,6 +19,8 @@ std::wstring Utf8ToWide(std::string_view text);
 // the text is kept.
 std::string WideToCp1251(std::wstring_view text);
 std::wstring Cp1251ToWide(std::string_view text);
+// The same into `out`, reusing its buffer.
+void Cp1251ToWide(std::string_view text, std::wstring& out);
 
 
 // UTF-16: a wide character above U+FFFF is a surrogate pair, anything beyond

@@ -36,7 +36,7 @@ class CProviderPool final : public IObjectPool {
                               const std::wstring& password);
 
   // The first packet of that exact name among all providers; loads nothing.
-  CPacket* FindPacket(const std::wstring& name) const;
+  CPacket* FindPacket(const std::wstring& name) const override;
 
   // IObjectPool.
   std::size_t ProviderCount() const override { return providers_.size(); }

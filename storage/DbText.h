@@ -14,9 +14,6 @@
 // Sets a 1-based parameter to the text in code page 1251.
 void SetDbText(IBPP::Statement& statement, int parameter, std::wstring_view text);
 
-// The text of bytes as the database stores them.
-std::wstring DbTextToWide(std::string_view bytes);
-
 // Reads a text column; true when it is null, and then the text is empty.
 bool GetDbText(const IBPP::Statement& statement, int column, std::wstring& text);
 bool GetDbText(const IBPP::Statement& statement, std::string_view column, std::wstring& text);

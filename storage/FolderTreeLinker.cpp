@@ -7,7 +7,7 @@
 
 #include "catalog/CFolder.h"
 #include "catalog/CPacket.h"
-#include "storage/DbText.h"
+#include "platform/TextCodec.h"
 
 namespace {
 
@@ -138,7 +138,7 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
   // it has no parent of its own yet, so that no append walks up a tree.
   std::vector<std::unique_ptr<CFolder>> made(rows_.size());
   for (auto row = reached.rbegin(); row != reached.rend(); ++row) {
-    auto folder = std::make_unique<CFolder>(rows_[*row].id, DbTextToWide(StoredName(*row)));
+    auto folder = std::make_unique<CFolder>(rows_[*row].id, Cp1251ToWide(StoredName(*row)));
     folder->ReserveChildren(children.start[*row + 1] - children.start[*row]);
     for (RowNumber child = children.start[*row]; child < children.start[*row + 1]; ++child) {
       folder->AppendChild(std::move(made[children.rows[child]]));
@@ -150,7 +150,7 @@ std::optional<std::wstring> FolderTreeLinker::Link() {
   for (RowNumber row : rootRows) packetOfRow[row]->SetLinkedRootFolder(std::move(made[row]));
 
   for (std::size_t row = 0; row < rows_.size(); ++row) {
-    if (packetOfRow[row] == nullptr) return DbTextToWide(StoredName(row));
+    if (packetOfRow[row] == nullptr) return Cp1251ToWide(StoredName(row));
   }
   return std::nullopt;
 }
