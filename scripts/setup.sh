@@ -10,6 +10,8 @@ packages=(
   liblzo2-dev libpugixml-dev libssl-dev
   libgtest-dev libgmock-dev googletest libbenchmark-dev
   clang libclang-rt-14-dev binutils locales
+  libcli11-dev nlohmann-json3-dev libcsv-dev
+  chromium chromium-driver python3-selenium
 )
 
 missing=()
