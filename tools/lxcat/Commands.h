@@ -34,6 +34,10 @@ void AddFormatOption(CLI::App* command, Format& format, bool csvAllowed);
 
 void AddMaintenanceCommands(CLI::App& app, Work& chosen);  // new, upgrade, readonly
 void AddReadCommands(CLI::App& app, Work& chosen);         // tree, table, search
+void AddEditCommands(CLI::App& app, Work& chosen);         // set, add-size, add-column
+void AddImportCommand(CLI::App& app, Work& chosen);
+void AddContentCommand(CLI::App& app, Work& chosen);
+void AddObjectCommand(CLI::App& app, Work& chosen);
 void AddHtmlCommand(CLI::App& app, Work& chosen);
 
 }  // namespace lxcat

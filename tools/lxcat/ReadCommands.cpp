@@ -15,7 +15,7 @@
 namespace lxcat {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::ordered_json;
 
 std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 

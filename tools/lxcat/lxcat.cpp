@@ -24,6 +24,10 @@ int main(int argc, char** argv) {
   lxcat::Work chosen;
   lxcat::AddMaintenanceCommands(app, chosen);
   lxcat::AddReadCommands(app, chosen);
+  lxcat::AddEditCommands(app, chosen);
+  lxcat::AddImportCommand(app, chosen);
+  lxcat::AddContentCommand(app, chosen);
+  lxcat::AddObjectCommand(app, chosen);
   lxcat::AddHtmlCommand(app, chosen);
 
   try {
