@@ -90,7 +90,9 @@ LxFolder* CatalogSession::Folder(const std::string& path) const {
 }
 
 LxFolderTable* CatalogSession::Table(const std::string& path) const {
-  LxFolder* folder = Folder(path);  // loads the packet on the way
+  LxFolder* folder = Folder(path);
+  // A path below the root has loaded the packet already; a root has not.
+  ProgressBar bar("loading " + path);
   return Checked([&] { return folder_GetTable(folder); }, "cannot read the table of '" + path + "'");
 }
 

@@ -151,7 +151,10 @@ struct TableOptions {
 void Table(const TableOptions& options) {
   const auto session = options.catalog.Open();
   LxFolderTable* table = session->Table(options.folder);
-  const TableData data = ReadFolderTable(table);
+  const TableData data = [&] {
+    ProgressBar bar("reading " + options.folder);
+    return ReadFolderTable(table);
+  }();
   switch (options.format) {
     case Format::Text: return PrintTableText(options.folder, data);
     case Format::Csv: return PrintTableCsv(data);
