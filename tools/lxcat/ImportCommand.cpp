@@ -126,6 +126,18 @@ ImportRow PlanBuilder::Row(const CsvRecord& record) {
   return row;
 }
 
+// What the size shows already needs no write; a file imported twice writes
+// nothing the second time.
+bool Shows(LxStdSize* size, LxAttribute* column, const TypedValue& value) {
+  ValueView view{};
+  if (!stdsize_GetValue(size, column, nullptr, &view) || view.index != value.type) return false;
+  switch (value.type) {
+    case LX_VALUE_INT: return view.payload.integer == value.integer;
+    case LX_VALUE_DOUBLE: return view.payload.number == value.number;
+    default: return view.payload.text && std::wstring_view(view.payload.text, view.length) == value.text;
+  }
+}
+
 struct ImportCounts {
   size_t columns = 0;
   size_t sizes = 0;
@@ -151,7 +163,7 @@ ImportCounts Write(ImportPlan& plan, LxFolderTable* table) {
       ++counts.sizes;
     }
     for (size_t c = 0; c < plan.columns.size(); ++c) {
-      if (!row.values[c]) continue;
+      if (!row.values[c] || Shows(row.size, plan.columns[c].attribute, *row.values[c])) continue;
       Checked([&] { return WriteTypedValue(row.size, plan.columns[c].attribute, *row.values[c]); },
               "cannot set '" + plan.columns[c].name + "' of '" + row.id + "'");
       ++counts.values;
