@@ -376,6 +376,39 @@ TEST_F(LxcatTest, ObjectShowsWhatASavedObjectHoldsAndWhetherItsSizeIsThere) {
   EXPECT_NE(text.find("\nbinary    Чертёж: 5 bytes\n"), std::string::npos) << text;
 }
 
+// Versions the library reads but no longer writes, and damaged bytes, built
+// by hand in the tagged format.
+std::string Element(char tag, const std::string& bytes) { return tag + bytes; }
+std::string Int(int32_t value) { return Element(1, std::string(reinterpret_cast<char*>(&value), 4)); }
+std::string Text(const std::u16string& text) {
+  const auto length = static_cast<int32_t>(2 * text.size());
+  return Element(3, std::string(reinterpret_cast<const char*>(&length), 4) +
+                        std::string(reinterpret_cast<const char*>(text.data()), length));
+}
+
+TEST_F(LxcatTest, ObjectReadsOlderVersionsAndSurvivesDamage) {
+  const std::filesystem::path file = std::filesystem::path(File()).parent_path() / "old";
+  const double elevation = 1.5;
+  // 20110202: own values by old number, then an elevation.
+  WriteWhole(file, Int(20110202) + Text(u"П") + Text(u"Р") + Int(2) + Int(7) + Int(-3) + Int(8) + Text(u"т") +
+                       Element(2, std::string(reinterpret_cast<const char*>(&elevation), 8)) + Text(u"вид") + Int(4));
+  json object = json::parse(Succeeded(Lxcat({"object", file.string(), "--format", "json"})));
+  EXPECT_EQ(object["ownValues"], json::parse(R"([{"oldNumber": 7, "value": -3}, {"oldNumber": 8, "value": "т"}])"));
+  EXPECT_EQ(object["elevation"], 1.5);
+  EXPECT_EQ(object["viewName"], "вид");
+  EXPECT_EQ(object["viewType"], 4);
+  // A count that promises two billion values, and a block longer than the rest.
+  WriteWhole(file, Int(20160204) + Text(u"П") + Text(u"Р") + Int(2000000000) + Text(u"а") + Int(1) + Text(u"") +
+                       Int(0) + Int(1) + Text(u"б") + Element(4, std::string("\xff\x00\x00\x00", 4)));
+  object = json::parse(Succeeded(Lxcat({"object", file.string(), "--format", "json"})));
+  EXPECT_EQ(object["ownValues"].size(), 5u);  // what follows is read as values until nothing moves
+  EXPECT_EQ(object["binaryValues"], json::array());
+  WriteWhole(file, Int(20250101) + Text(u"П") + Text(u"Р"));
+  object = json::parse(Succeeded(Lxcat({"object", file.string(), "--format", "json"})));
+  EXPECT_EQ(object["knownVersion"], false);
+  EXPECT_EQ(object["size"], "Р");
+}
+
 // ---- files and failures --------------------------------------------------
 
 TEST_F(LxcatTest, MaintenanceCommandsWorkOnCatalogFiles) {
