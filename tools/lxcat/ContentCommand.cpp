@@ -9,6 +9,7 @@
 
 #include "tools/lxcat/Commands.h"
 #include "tools/lxcat/LibraryLog.h"
+#include "tools/lxcat/ProgressBar.h"
 #include "tools/lxcat/Utf8.h"
 
 namespace lxcat {
@@ -140,6 +141,7 @@ void Content(const ContentOptions& options) {
   fs::create_directories(options.outDir, error);
   if (error) throw Failure("cannot make '" + options.outDir + "': " + error.message());
   ContentWriter writer(options.outDir);
+  ProgressBar bar("writing the content of " + options.size);
   const json manifest{{"folder", options.folder},
                       {"size", options.size},
                       {"model", Model(size, writer)},
