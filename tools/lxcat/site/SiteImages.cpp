@@ -23,6 +23,15 @@ SiteImages::SiteImages(const std::filesystem::path& siteFolder, const std::strin
     : folder_(siteFolder / subfolder), hrefPrefix_(subfolder + "/") {}
 
 bool SiteImages::AddThumbnails(LxStdSize* size, std::vector<Thumbnail>& out, std::string& error) {
+  const int32_t templateId = stdsize_GetTemplateID(size);
+  if (templateId <= 0) return ReadThumbnails(size, out, error);
+  const auto [entry, added] = templates_.try_emplace(templateId);
+  if (added && !ReadThumbnails(size, entry->second, error)) return false;
+  out.insert(out.end(), entry->second.begin(), entry->second.end());
+  return true;
+}
+
+bool SiteImages::ReadThumbnails(LxStdSize* size, std::vector<Thumbnail>& out, std::string& error) {
   LxModel* model = stdsize_GetModel(size);
   if (model && !model_IsEmpty(model)) {
     const Pictures* pictures = nullptr;

@@ -1,11 +1,17 @@
 // The pictures of a site: for each standard size, the icon of its model and
 // of each projection, and the model or fragment file itself when its bytes
-// are an image a browser shows (ImageFormat.h). Models and fragments are
-// shared between sizes (by model id and by fragment digest), so each one is
-// read from the library and written into the site's image folder once; the
-// sizes that share it link the same file. Not thread-safe: it calls the
-// library and keeps what it wrote.
+// are an image a browser shows (ImageFormat.h).
+//
+// Every one of these is a database attachment of its own inside the library
+// (tens of milliseconds embedded), so each is asked for as seldom as the
+// catalog allows. Model and projections belong to the size's template, so
+// they are read for the first size of each template and the other sizes
+// reuse the result. Models and fragments are shared between templates (by
+// model id and by fragment digest), so each is read and written into the
+// site's image folder once, and the sizes that share it link the same file.
+// Not thread-safe: it calls the library and keeps what it wrote.
 #pragma once
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <unordered_map>
@@ -38,6 +44,7 @@ class SiteImages {
     std::string file;
   };
 
+  bool ReadThumbnails(LxStdSize* size, std::vector<Thumbnail>& out, std::string& error);
   bool ModelPictures(LxModel* model, const Pictures*& pictures, std::string& error);
   bool FragmentPictures(LxProjection* projection, const Pictures*& pictures, std::string& error);
   // Writes the bytes as <stem>.<extension> when they are an image.
@@ -49,6 +56,7 @@ class SiteImages {
   std::filesystem::path folder_;
   std::string hrefPrefix_;
   // Keyed by the model's name (its id) and by the fragment's digest.
+  std::unordered_map<int32_t, std::vector<Thumbnail>> templates_;
   std::unordered_map<std::wstring, Pictures> models_;
   std::unordered_map<std::wstring, Pictures> fragments_;
   // A fragment without a digest has no key to share it by; it is read
