@@ -58,8 +58,10 @@ bool SiteImages::ModelPictures(LxModel* model, const Pictures*& pictures, std::s
   unsigned char* icon = nullptr;
   int32_t iconSize = 0;
   const std::string stem = "model-" + std::to_string(++written_);
-  if (model_GetIconData(model, &icon, &iconSize) && !SaveImage(icon, iconSize, stem + "-icon", entry->second.icon, error))
+  if (model_GetIconData(model, &icon, &iconSize) &&
+      !SaveImage(icon, iconSize, stem + "-icon", entry->second.icon, error)) {
     return false;
+  }
   return CopyImage(model_GetModelFile(model), stem, entry->second.file, error);
 }
 
@@ -78,8 +80,10 @@ bool SiteImages::FragmentPictures(LxProjection* projection, const Pictures*& pic
   unsigned char* icon = nullptr;
   int32_t iconSize = 0;
   const std::string stem = "fragment-" + std::to_string(++written_);
-  if (projection_GetIconData(projection, &icon, &iconSize) && !SaveImage(icon, iconSize, stem + "-icon", target->icon, error))
+  if (projection_GetIconData(projection, &icon, &iconSize) &&
+      !SaveImage(icon, iconSize, stem + "-icon", target->icon, error)) {
     return false;
+  }
   return CopyImage(projection_GetFragmentFile(projection), stem, target->file, error);
 }
 
