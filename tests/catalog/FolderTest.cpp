@@ -122,7 +122,7 @@ TEST_F(Folders, ABadChildIndexOrNullHandleReportsItself) {
   EXPECT_FAILS(folder_MoveTo(root_, nullptr), "Передан нулевой указатель на объект parentFolder (fun: folder_MoveTo)");
   EXPECT_FAILS(folder_DeleteChildFolder(root_, nullptr),
                "Передан нулевой указатель на объект childFolder (fun: folder_DeleteChildFolder)");
-  EXPECT_FAILS(folder_IsVirtual(nullptr), "Передан нулевой указатель на объект folder (fun: folder_IsVirtual)");
+  EXPECT_FAILS(folder_IsVirtual(nullptr), "Передан нулевой указатель на объект folder (fun: lx_api::folder_IsVirtual)");
 }
 
 }  // namespace
