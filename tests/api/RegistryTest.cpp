@@ -82,16 +82,4 @@ TEST_F(Registry, ADeletedPoolIsGoneUntilItsNameIsAddedAgain) {
   EXPECT_STREQ(pool_GetUlbPath(renewed), L"/new");
 }
 
-TEST_F(Registry, NullArgumentsFailWithoutCrashing) {
-  EXPECT_FAILS(lxGetLibraryName(nullptr), "Передан нулевой указатель на объект pool (fun: lx_api::lxGetLibraryName)");
-  // One message only: the body, which would report a missing pool, never ran.
-  EXPECT_FAILS(lxDeleteProviderPool(nullptr), "Передан нулевой указатель на объект pool (fun: lxDeleteProviderPool)");
-  EXPECT_FAILS(lxGetLibraryProviderPool(nullptr), " (fun: lx_api::lxGetLibraryProviderPool) Неизвестное исключение");
-  EXPECT_FAILS(lxGetLibraryProviderPoolForUlbPath(nullptr),
-               " (fun: lx_api::lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение");
-  EXPECT_FAILS(lxAddLibraryProviderPool(L"RegNullPath", nullptr),
-               " (fun: lx_api::lxAddLibraryProviderPool) Неизвестное исключение");
-  EXPECT_EQ(lxGetLibraryProviderPool(L"RegNullPath"), nullptr);
-}
-
 }  // namespace
