@@ -135,11 +135,13 @@ std::vector<Row> BadArguments::Rows() {
           EXPECT_EQ(Captured([] { lxSetProgressControl(nullptr); return 0; }), Quietly(0))),
       ROW(lxClearProgressControl,
           EXPECT_EQ(Captured([] { lxClearProgressControl(); return 0; }), Quietly(0))),
-      // Maintenance: only the new database tests its path.
-      ROW(lxCreateEmptyFDB, EXPECT_FAILS(lxCreateEmptyFDB(none))),
-      ROW(lxUpdateDatabase, EXPECT_FAILS(lxUpdateDatabase(none), f.Unknown())),
-      ROW(lxUpdateUlb, EXPECT_FAILS(lxUpdateUlb(none), f.Unknown())),
-      ROW(lxSetDatabaseReadonly, EXPECT_FAILS(lxSetDatabaseReadonly(none, true), f.Unknown())),
+      // Maintenance: only the new database tests its path for null; no file
+      // at the empty path is a quiet failure.
+      ROW(lxCreateEmptyFDB, EXPECT_FAILS(lxCreateEmptyFDB(none)); EXPECT_FAILS(lxCreateEmptyFDB(L""))),
+      ROW(lxUpdateDatabase, EXPECT_FAILS(lxUpdateDatabase(none), f.Unknown()); EXPECT_FAILS(lxUpdateDatabase(L""))),
+      ROW(lxUpdateUlb, EXPECT_FAILS(lxUpdateUlb(none), f.Unknown()); EXPECT_FAILS(lxUpdateUlb(L""))),
+      ROW(lxSetDatabaseReadonly, EXPECT_FAILS(lxSetDatabaseReadonly(none, true), f.Unknown());
+          EXPECT_FAILS(lxSetDatabaseReadonly(L"", false))),
       // pool_
       ROW(pool_AddProvider, EXPECT_FAILS(pool_AddProvider(nullptr, L"", L"x.fdb", L"u", L"p"), f.Null("pool"));
           EXPECT_FAILS(pool_AddProvider(pool_, none, L"x.fdb", L"u", L"p"));
@@ -476,6 +478,8 @@ std::vector<Row> BadArguments::Rows() {
       ROW(object_GetValueByName,
           EXPECT_FAILS(object_GetValueByName(nullptr, L"Длина", nullptr, &view_), f.Null("object"));
           EXPECT_FAILS(object_GetValueByName(object_, none, nullptr, &view_));
+          EXPECT_FAILS(object_GetValueByName(object_, L"", nullptr, &view_),
+                       Said("Не найден атрибут по имени ", "CObject::_GetValue"));
           EXPECT_FAILS(object_GetValueByName(object_, L"Длина", nullptr, nullptr))),
       ROW(object_SetValueI, EXPECT_FAILS(object_SetValueI(nullptr, nullptr, 1), f.Null("object"));
           EXPECT_FAILS(object_SetValueI(object_, nullptr, 1), f.Null("atr"))),
