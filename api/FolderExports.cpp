@@ -40,7 +40,7 @@ LX_API bool folder_DeleteChildFolder(LxFolder* folder, LxFolder* childFolder) {
 }
 
 LX_API bool folder_IsVirtual(LxFolder* folder) {
-  return CallFrame("folder_IsVirtual").Handle(folder, "folder").Call([&] { return Obj(folder)->IsVirtual(); });
+  return CallFrame("lx_api::folder_IsVirtual").Handle(folder, "folder").Call([&] { return Obj(folder)->IsVirtual(); });
 }
 
 LX_API LxFolderTable* folder_GetTable(LxFolder* folder) {

@@ -10,25 +10,25 @@
 // for null, and a null one ends as an unknown exception.
 
 LX_API LxProviderPool* lxGetLibraryProviderPool(const wchar_t* libraryName) {
-  return CallFrame("lxGetLibraryProviderPool").Call([&] {
+  return CallFrame("lx_api::lxGetLibraryProviderPool").Call([&] {
     return ToHandle(CLxDataAccess::GetPool(std::wstring(Required(libraryName))));
   });
 }
 
 LX_API LxProviderPool* lxGetLibraryProviderPoolForUlbPath(const wchar_t* ulbPath) {
-  return CallFrame("lxGetLibraryProviderPoolForUlbPath").Call([&] {
+  return CallFrame("lx_api::lxGetLibraryProviderPoolForUlbPath").Call([&] {
     return ToHandle(CLxDataAccess::GetPoolForUlbPath(Required(ulbPath)));
   });
 }
 
 LX_API LxProviderPool* lxAddLibraryProviderPool(const wchar_t* libraryName, const wchar_t* ulbPath) {
-  return CallFrame("lxAddLibraryProviderPool").Call([&] {
+  return CallFrame("lx_api::lxAddLibraryProviderPool").Call([&] {
     return ToHandle(CLxDataAccess::AddPool(std::wstring(Required(libraryName)), Required(ulbPath)));
   });
 }
 
 LX_API const wchar_t* lxGetLibraryName(LxProviderPool* pool) {
-  return CallFrame("lxGetLibraryName").Handle(pool, "pool").Call([&] {
+  return CallFrame("lx_api::lxGetLibraryName").Handle(pool, "pool").Call([&] {
     static StaticText name;
     return name.Assign(CLxDataAccess::GetLibraryName(Obj(pool)));
   });

@@ -3,25 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
 #include <memory>
-#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 
-namespace {
+#include "DeclaredExports.h"
 
-std::set<std::string> DeclaredExports() {
-  std::ifstream header(LX_HEADER_PATH);
-  std::set<std::string> names;
-  const std::regex declaration(R"(^LX_API\b[^(]*?\b([A-Za-z_][A-Za-z0-9_]*)\s*\()");
-  std::smatch match;
-  for (std::string line; std::getline(header, line);) {
-    if (std::regex_search(line, match, declaration)) names.insert(match[1]);
-  }
-  return names;
-}
+namespace {
 
 std::set<std::string> DefinedDynamicSymbols() {
   std::set<std::string> names;
@@ -41,7 +30,7 @@ std::set<std::string> DefinedDynamicSymbols() {
 TEST(Exports, EveryDefinedSymbolIsADeclaredExport) {
   // The interface has 199 functions; reading fewer would mean the header's
   // declarations were missed and the check below would pass for nothing.
-  const std::set<std::string> declared = DeclaredExports();
+  const std::set<std::string> declared = lxtest::DeclaredExports(LX_HEADER_PATH);
   ASSERT_EQ(declared.size(), 199u);
   const std::set<std::string> defined = DefinedDynamicSymbols();
   ASSERT_FALSE(defined.empty()) << "nm found no symbols in " << LX_LIBRARY_PATH;

@@ -82,16 +82,4 @@ TEST_F(Registry, ADeletedPoolIsGoneUntilItsNameIsAddedAgain) {
   EXPECT_STREQ(pool_GetUlbPath(renewed), L"/new");
 }
 
-TEST_F(Registry, NullArgumentsFailWithoutCrashing) {
-  EXPECT_FAILS(lxGetLibraryName(nullptr), "Передан нулевой указатель на объект pool (fun: lxGetLibraryName)");
-  // One message only: the body, which would report a missing pool, never ran.
-  EXPECT_FAILS(lxDeleteProviderPool(nullptr), "Передан нулевой указатель на объект pool (fun: lxDeleteProviderPool)");
-  EXPECT_FAILS(lxGetLibraryProviderPool(nullptr), " (fun: lxGetLibraryProviderPool) Неизвестное исключение");
-  EXPECT_FAILS(lxGetLibraryProviderPoolForUlbPath(nullptr),
-               " (fun: lxGetLibraryProviderPoolForUlbPath) Неизвестное исключение");
-  EXPECT_FAILS(lxAddLibraryProviderPool(L"RegNullPath", nullptr),
-               " (fun: lxAddLibraryProviderPool) Неизвестное исключение");
-  EXPECT_EQ(lxGetLibraryProviderPool(L"RegNullPath"), nullptr);
-}
-
 }  // namespace

@@ -63,16 +63,6 @@ TEST_F(Attributes, UnchangedValuesTouchNoDatabase) {
   EXPECT_EQ(ColumnNames(table_), (Texts{L"Длина", L"Шаг", L"Марка", L"Пустой"}));
 }
 
-TEST_F(Attributes, NullTextsFailWithoutAMessageAndNullColumnsAreNamed) {
-  LxAttribute* length = Column(L"Длина");
-  EXPECT_FAILS(attribute_SetName(length, nullptr) || attribute_SetDescription(length, nullptr) ||
-               attribute_SetMeasure(length, nullptr) || attribute_SetVarName(length, nullptr) ||
-               attribute_SetFormula(length, nullptr));
-  EXPECT_FAILS(attribute_SetNumber(nullptr, 5),
-               "Передан нулевой указатель на объект attribute (fun: attribute_SetNumber)");
-  EXPECT_FAILS(attribute_GetName(nullptr), "Передан нулевой указатель на объект attribute (fun: attribute_GetName)");
-}
-
 TEST_F(Attributes, SetNameRefusesEmptyAndTakenNamesAndWritesEveryTemplate) {
   LxAttribute* length = Column(L"Длина");
   EXPECT_FAILS(attribute_SetName(length, L""), "Имя не может быть пустым [CAttribute::_SetName]");

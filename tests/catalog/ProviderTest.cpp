@@ -87,13 +87,9 @@ TEST_F(Provider, DeletePacketIsNotAvailableAndBadArgumentsReportThemselves) {
   EXPECT_FAILS(provider_DeletePacket(provider_, packet), " (fun: provider_DeletePacket) Неизвестное исключение");
   EXPECT_EQ(provider_GetPacketCount(provider_), 1);
   EXPECT_EQ(Count(L"PACKET"), 1);
-  // A bad index or a null handle reports itself.
+  // A bad index reports itself.
   EXPECT_FAILS(provider_GetPacket(provider_, -1),
                "Индекс -1 выходит за пределы диапазона [0, 1) [CDataProvider::_GetPacket]");
-  EXPECT_FAILS(provider_GetPacketCount(nullptr),
-               "Передан нулевой указатель на объект dataProvider (fun: provider_GetPacketCount)");
-  EXPECT_FAILS(provider_ClearPacketCache(provider_, nullptr),
-               "Передан нулевой указатель на объект packet (fun: provider_ClearPacketCache)");
 }
 
 }  // namespace

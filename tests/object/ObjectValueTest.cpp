@@ -1,8 +1,7 @@
 // Values of placed objects on a real catalog: own values laid over the size,
 // formulas and the order in which they read, the row date, binding, copies
-// and comparison, specification columns, cache ids, and null handles.
+// and comparison, specification columns and cache ids.
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -174,39 +173,6 @@ TEST_F(Objects, SpecificationColumnsAndCacheIdsFollowTheObject) {
   const std::wstring stem = Path(provider_GetDatabaseName(provider_)).stem().wstring();
   EXPECT_EQ(std::wstring(object_generateCacheId(object)), stem + kPacket + L"S1");
   EXPECT_EQ(std::wstring(object_generateCacheId(Create(p7_))), stem + L"P7");
-}
-
-// Each null handle is named in the message, the first one first.
-TEST_F(Objects, NullHandlesNameTheirArgument) {
-  LxObject* o = Create(s1_);
-  LxAttribute* a = Column(L"Длина");
-  ValueView view{};
-  unsigned char buffer[16] = {};
-  std::uint32_t written = 0;
-  const std::vector<std::tuple<std::string, std::string, std::function<bool()>>> calls{
-      {"pool_CreateObject", "pool", [&] { return Kept(pool_CreateObject(nullptr, s1_, L"L")) != nullptr; }},
-      {"pool_CreateObject", "stdSize", [&] { return Kept(pool_CreateObject(pool_, nullptr, L"L")) != nullptr; }},
-      {"pool_CreateObject_OLD", "pool",
-       [&] { return Kept(pool_CreateObject_OLD(nullptr, kPacket, L"S1", L"", L"")) != nullptr; }},
-      {"object_Load", "pool", [&] { return Kept(object_Load(nullptr, buffer, 16, true)) != nullptr; }},
-      {"object_Save", "object", [&] { return object_Save(nullptr, buffer, 16, &written, 1); }},
-      {"object_Initialize", "object", [&] { return object_Initialize(nullptr, L"L", s1_, true); }},
-      {"object_Initialize", "stdSize", [&] { return object_Initialize(o, L"L", nullptr, true); }},
-      {"object_InitializeByObject", "byObject", [&] { return object_InitializeByObject(o, nullptr); }},
-      {"object_ChangeStdSize", "stdSize", [&] { return object_ChangeStdSize(o, nullptr); }},
-      {"object_GetValue", "atr", [&] { return object_GetValue(o, nullptr, nullptr, &view); }},
-      {"object_SetValueI", "atr", [&] { return object_SetValueI(o, nullptr, 1); }},
-      {"object_SetValueS", "atr", [&] { return object_SetValueS(o, nullptr, L"1"); }},
-      {"object_RestoreValue", "atr", [&] { return object_RestoreValue(o, nullptr); }},
-      {"object_SetValueI", "object", [&] { return object_SetValueI(nullptr, a, 1); }},
-      {"object_GetSpecValue", "spec", [&] { return object_GetSpecValue(o, nullptr, 1, nullptr, &view); }},
-      {"object_compareByValues", "otherObject", [&] { return object_compareByValues(o, nullptr); }},
-      {"object_Delete", "object", [&] { return object_Delete(nullptr); }},
-      {"layers_GetCount", "layers", [&] { return layers_GetCount(nullptr) != 0; }},
-      {"layer_GetVisible", "layer", [&] { return layer_GetVisible(nullptr); }},
-  };
-  for (const auto& [function, argument, call] : calls)
-    EXPECT_FAILS(call(), "Передан нулевой указатель на объект " + argument + " (fun: " + function + ")");
 }
 
 }  // namespace
