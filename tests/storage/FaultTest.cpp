@@ -44,7 +44,20 @@ ChildResult RunChildTest(const std::string& test, const std::vector<std::string>
   const std::string self = fs::read_symlink("/proc/self/exe").string();
   std::vector<std::string> arguments{"--gtest_also_run_disabled_tests", "--gtest_filter=FaultChild.DISABLED_" + test};
   if (!unprivileged || geteuid() != 0) return RunChild(self, arguments, environment);
-  arguments.insert(arguments.begin(), {"--reuid=nobody", "--regid=nogroup", "--clear-groups", self});
+  const std::vector<std::string> asNobody{"--reuid=nobody", "--regid=nogroup", "--clear-groups"};
+  // A build below /root is out of nobody's reach; a copy of this program
+  // in a folder open to all serves then.
+  TempDir open;
+  std::string program = self;
+  std::vector<std::string> probe = asNobody;
+  probe.insert(probe.end(), {"test", "-x", self});
+  if (RunChild("setpriv", probe).exitCode != 0) {
+    fs::permissions(open.path(), fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec);
+    program = (open.path() / "fault-child").string();
+    fs::copy_file(self, program);
+  }
+  arguments.insert(arguments.begin(), program);
+  arguments.insert(arguments.begin(), asNobody.begin(), asNobody.end());
   return RunChild("setpriv", arguments, environment);
 }
 

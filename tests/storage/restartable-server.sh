@@ -48,7 +48,7 @@ kill_server() {
   kill -KILL "$pid" 2>/dev/null || return 0
   # A container's first process may never reap it: a zombie counts as ended.
   for _ in $(seq 50); do
-    [[ $(ps -o stat= -p "$pid" 2>/dev/null) == [^Z]* ]] || return 0
+    [[ $(sed 's/.*) //' "/proc/$pid/stat" 2>/dev/null) == [^Z]* ]] || return 0
     sleep 0.1
   done
 }
