@@ -216,6 +216,16 @@ TEST_F(Faults, ADamagedCatalogFileFailsToAttachWithTheEnginesTextAlone) {
   }
   // The provider of a sound file is not touched by any of it.
   ExpectMemoryMatchesDatabase();
+  // Its own file damaged, a reload fails the same way; the provider stays,
+  // and a reload once the file is sound again fills it as before.
+  const std::vector<std::wstring> before = DumpFolder(root_);
+  const std::string sound = ReadWhole(Path(database_));
+  WriteWhole(Path(database_), garbage);
+  EXPECT_TRUE(FailedInDatabase(Captured([&] { return Reload(); }), "lxReloadProvider"));
+  EXPECT_EQ(pool_GetProvider(pool_, 0), provider_);
+  WriteWhole(Path(database_), sound);
+  ReloadAndWalk();
+  EXPECT_EQ(DumpFolder(root_), before);
 }
 
 // The children's halves. They run only when a test above starts them.

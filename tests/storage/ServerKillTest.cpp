@@ -111,6 +111,8 @@ class ServerKill : public ContentFixture {
     const auto refused = Captured(call);
     EXPECT_TRUE(FailedInDatabase(refused, function));
     EXPECT_THAT(refused.second, ElementsAre(HasSubstr(kRefused)));
+    // The writability probe keeps its failure to itself.
+    EXPECT_EQ(Captured([&] { return provider_IsEditable(provider_); }), Quietly(false));
     Restart();
 
     Stall(table);
@@ -230,6 +232,17 @@ TEST_F(ServerKill, APacketLoadFailsWithTheClientsTextAndTheNextOneLoadsItWhole) 
   root_ = root;
   EXPECT_EQ(DumpFolder(root_), whole);
   ExpectMemoryMatchesDatabase();
+
+  // A reload with the server down fails the same way; the provider stays,
+  // and the next reload fills it again.
+  Kill();
+  const auto reload = Captured([&] { return Reload(); });
+  EXPECT_TRUE(FailedInDatabase(reload, "lxReloadProvider"));
+  EXPECT_THAT(reload.second, ElementsAre(HasSubstr(kRefused)));
+  EXPECT_EQ(pool_GetProvider(pool_, 0), provider_);
+  Restart();
+  ReloadAndWalk();
+  EXPECT_EQ(DumpFolder(root_), whole);
 }
 
 }  // namespace
