@@ -11,7 +11,6 @@
 #include <gmock/gmock.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -34,8 +33,7 @@ namespace fs = std::filesystem;
 // Content of this size, far more than a full temporary folder takes, yet
 // compressed to little, so the catalog file stays small.
 constexpr std::size_t kBigContent = 16 << 20;
-constexpr const char* kSpace = "8m";
-constexpr long kSpaceBytes = 8 << 20;
+constexpr long kSpace = 8 << 20;
 
 // Runs one DISABLED_ test of FaultChild in a child process: as user nobody
 // when `unprivileged` and this process is root, with extra environment.
@@ -185,16 +183,17 @@ TEST_F(Faults, AFullTemporaryFolderFailsEveryMaterialisingAndLeavesNoFileBehind)
   StoreBig("MODEL", "MODEL", 300);
   StoreBig("FRAGMENT", "FRAGMENT", 400);
   StoreBig("FILES", "DATAFILE", 700);
-  ASSERT_LT(fs::file_size(Path(database_)), static_cast<std::uintmax_t>(kSpaceBytes)) << "the limit would hit the catalog";
+  ASSERT_LT(fs::file_size(Path(database_)), std::uintmax_t{kSpace}) << "the limit would hit the catalog";
   // A small file system where this machine lets us mount one; otherwise a
   // limit on the size of the files the child writes, which fails writes
   // the same way without privileges.
   TempDir temporary;
-  const bool mounted = mount("tmpfs", temporary.path().c_str(), "tmpfs", 0, (std::string("size=") + kSpace).c_str()) == 0;
+  const std::string size = "size=" + std::to_string(kSpace);
+  const bool mounted = mount("tmpfs", temporary.path().c_str(), "tmpfs", 0, size.c_str()) == 0;
   const ChildResult child =
       RunChildTest("MaterialiseIntoFullFolder", {"LX_FAULT_CATALOG=" + WideToUtf8(database_),
                                                  "TMP=" + temporary.path().string(),
-                                                 "LX_FAULT_FILE_LIMIT=" + std::to_string(mounted ? 0 : kSpaceBytes)});
+                                                 "LX_FAULT_FILE_LIMIT=" + std::to_string(mounted ? 0 : kSpace)});
   if (mounted) umount2(temporary.path().c_str(), MNT_DETACH);
   ExpectChildPassed(child);
   ExpectMemoryMatchesDatabase();

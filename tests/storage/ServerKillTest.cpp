@@ -15,7 +15,6 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <thread>
 
@@ -29,12 +28,14 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using namespace std::chrono_literals;
-namespace fs = std::filesystem;
 
 // What the client library says when the server cannot be reached, and when
 // it went away while a request was under way.
 constexpr const char* kRefused = "Unable to complete network request to host";
 constexpr const char* kLost = "Error reading data from the connection";
+// ... and when a server in its last moments took the connection but never
+// answered it.
+constexpr const char* kRejected = "connection rejected by remote interface";
 
 class ServerKill : public ContentFixture {
  public:
@@ -223,7 +224,10 @@ TEST_F(ServerKill, APacketLoadFailsWithTheClientsTextAndTheNextOneLoadsItWhole) 
   Restart();
   const auto lost = KilledAfter(took / 3, [&] { return folder_GetTable(root); });
   EXPECT_TRUE(FailedInDatabase(lost, "folder_GetTable")) << "the load took " << took.count() << " ms before";
-  EXPECT_THAT(lost.second, ElementsAre(HasSubstr(kLost)));
+  // The load attaches anew for its worker tasks, so the kill may meet a
+  // request under way or an attachment being made.
+  EXPECT_THAT(lost.second,
+              ElementsAre(::testing::AnyOf(HasSubstr(kLost), HasSubstr(kRejected), HasSubstr(kRefused))));
   Restart();
 
   // The same handle loads again, and what the broken load left behind does
