@@ -175,6 +175,10 @@ bool CFolder::_MoveTo(CFolder* newParent) {
     return false;
   }
   newParent->AppendChild(parent_->DetachChild(this));
+  // A move into another packet's tree takes the whole subtree to that
+  // packet: a folder left pointing at the old one would dangle once the old
+  // packet's cache is cleared.
+  if (newParent->packet_ != packet_) SetPacketOfSubtree(newParent->packet_);
   return true;
 }
 

@@ -45,9 +45,9 @@ class CFolder {
   // The child with exactly this name, case counting; null if none.
   CFolder* FindChild(const std::wstring& name) const;
   // Tells the packet whose tree holds this folder that its sizes may have
-  // changed. The packet is found through the root, not through this
-  // folder's own packet: a folder moved into another packet's tree keeps
-  // the packet it was loaded with.
+  // changed. The packet is found through the root: while a folder is
+  // detached from one tree or being appended to another, its own packet
+  // may still be the old one.
   void NoteSizesChanged() const;
   // The table without loading anything.
   CFolderTable* TableInMemory() { return table_ ? table_.get() : MakeTable(); }

@@ -83,8 +83,16 @@ std::int32_t ByteData::SaveFile(const std::wstring& path) const {
   File file = OpenFile(path, "wb");
   if (!file) return 0;
   const std::size_t written = std::fwrite(data_, 1, static_cast<std::size_t>(size_), file.get());
-  if (std::fflush(file.get()) != 0) return 0;
-  return static_cast<std::int32_t>(written);
+  // A full disk or a file-size limit cuts the file short. A cut file is no
+  // content for a client, and no cache would name it for deletion later.
+  const bool whole = written == static_cast<std::size_t>(size_) && std::fflush(file.get()) == 0 &&
+                     std::fclose(file.release()) == 0;
+  if (!whole) {
+    file.reset();
+    std::remove(WideToUtf8(path).c_str());
+    return 0;
+  }
+  return size_;
 }
 
 void ByteData::Compress() {

@@ -34,7 +34,7 @@ class ByteData {
 
   // Whole-file binary read and write. Both give the number of bytes moved,
   // 0 when the file cannot be opened, is empty, or (on write) the contents
-  // are empty.
+  // are empty or could not be written whole; a file cut short is removed.
   std::int32_t LoadFile(const std::wstring& path);
   std::int32_t SaveFile(const std::wstring& path) const;
 

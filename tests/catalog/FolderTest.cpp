@@ -112,6 +112,25 @@ TEST_F(Folders, MoveRefusalsComeInTheirOrderAndAMoveAppendsAtTheEnd) {
   EXPECT_EQ(WithoutDatabase([&] { return folder_MoveTo(aChild, b); }), Quietly(true));
 }
 
+TEST_F(Folders, AMoveIntoAnotherPacketTakesTheWholeSubtreeAndOutlivesTheOldPacket) {
+  LxFolder* outer = folder_AddChildFolder(root_, L"Внешний");
+  LxFolder* inner = folder_AddChildFolder(outer, L"Внутренний");
+  LxPacket* other = provider_AddPacket(provider_, L"Другой");
+  ASSERT_TRUE(outer && inner && other);
+  ASSERT_TRUE(folder_MoveTo(outer, packet_GetRootFolder(other)));
+  EXPECT_EQ(StoredParentOf(L"Внешний"), FolderId(L"Другой"));
+  for (LxFolder* moved : {outer, inner}) EXPECT_EQ(folder_GetPacket(moved), other);
+  // Clearing the old packet destroys it; the moved folders load, write and
+  // give out children through the new one.
+  ASSERT_TRUE(provider_ClearPacketCache(provider_, packet_));
+  EXPECT_EQ(folder_GetPacket(inner), other);
+  EXPECT_NE(folder_GetTable(inner), nullptr);
+  LxFolder* added = folder_AddChildFolder(inner, L"Новый");
+  ASSERT_NE(added, nullptr);
+  EXPECT_EQ(folder_GetPacket(added), other);
+  EXPECT_EQ(StoredParentOf(L"Новый"), FolderId(L"Внутренний"));
+}
+
 TEST_F(Folders, ABadChildIndexReportsItself) {
   folder_AddChildFolder(root_, L"А");
   for (int32_t index : {-1, 1}) {
