@@ -1,0 +1,224 @@
+#include "MixedWork.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+
+namespace lxtest {
+namespace {
+
+constexpr const wchar_t* kGeneratedPrefix = L"ТР-";
+// The integer attribute of every generated template; the only one written.
+constexpr const wchar_t* kWrittenAttribute = L"Параметр 21";
+constexpr std::int32_t kWrittenNumber = 21;
+constexpr const wchar_t* kCondition = L"Параметр 21>=0";
+// Half the value writes go to these first cells, so that clients meet there.
+constexpr std::size_t kHotCells = 4;
+
+// Percent of draws below each bound, in Operation order.
+constexpr std::array<int, kOperations> kWeightBounds{4, 19, 54, 69, 81, 100};
+
+std::wstring Widened(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
+std::string Narrowed(const std::wstring& ascii) {
+  std::string text;
+  for (wchar_t ch : ascii) text += static_cast<char>(ch);
+  return text;
+}
+
+std::filesystem::path TempFolder() {
+  const char* tmp = std::getenv("TMP");
+  return tmp != nullptr && *tmp != '\0' ? tmp : "/tmp";
+}
+
+}  // namespace
+
+LoadClient::LoadClient(const Connection& connection, int number) : connection_(connection), number_(number) {
+  const std::wstring name = L"load-client-" + std::to_wstring(number);
+  pool_ = lxAddLibraryProviderPool(name.c_str(), L"");
+  provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(),
+                               connection.user.c_str(), connection.password.c_str());
+  if (provider_ == nullptr) throw std::runtime_error("the catalog could not be attached");
+  for (int p = 0; p < provider_GetPacketCount(provider_); ++p) {
+    LxPacket* packet = provider_GetPacket(provider_, p);
+    LxFolder* root = packet_GetRootFolder(packet);
+    const std::wstring packetName = packet_GetName(packet);
+    packets_.push_back(packetName);
+    for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
+      LxFolder* folder = folder_GetChildFolder(root, f);
+      const std::wstring folderName = folder_GetName(folder);
+      addFolders_.emplace(packetName, folderName);
+      LxFolderTable* table = folder_GetTable(folder);
+      for (int s = 0; s < table_GetStdSizeCount(table); ++s) {
+        const std::wstring identifier = stdsize_GetID(table_GetStdSize(table, s));
+        if (identifier.starts_with(kGeneratedPrefix)) {
+          const std::int32_t id = std::stoi(identifier.substr(std::wcslen(kGeneratedPrefix)));
+          sizes_.push_back({packetName, folderName, identifier, id});
+        }
+      }
+    }
+  }
+  if (sizes_.empty()) throw std::runtime_error("the catalog has no generated sizes");
+  std::sort(sizes_.begin(), sizes_.end(), [](const SizePlace& a, const SizePlace& b) { return a.id < b.id; });
+}
+
+LoadClient::~LoadClient() { lxDeleteProviderPool(pool_); }
+
+void LoadClient::NoteFile(const std::wstring& path) {
+  std::lock_guard lock(filesMutex_);
+  files_.insert(path);
+}
+
+std::size_t LoadClient::TempFileCount() {
+  std::lock_guard lock(filesMutex_);
+  return files_.size();
+}
+
+std::string LoadClient::TempFolderProblem() {
+  std::lock_guard lock(filesMutex_);
+  std::set<std::filesystem::path> expected(files_.begin(), files_.end());
+  std::string problem;
+  for (const auto& entry : std::filesystem::directory_iterator(TempFolder())) {
+    if (expected.erase(entry.path()) == 0) problem += "unexpected " + entry.path().string() + "; ";
+  }
+  for (const auto& missing : expected) problem += "missing " + missing.string() + "; ";
+  return problem;
+}
+
+MixedWork::MixedWork(LoadClient& client, int thread, std::uint64_t seed)
+    : client_(client), thread_(thread), random_(seed) {}
+
+void MixedWork::RunOne() {
+  const int draw = static_cast<int>(random_() % 100);
+  const int index = static_cast<int>(std::upper_bound(kWeightBounds.begin(), kWeightBounds.end(), draw) -
+                                     kWeightBounds.begin());
+  bool ok = false;
+  if (index == static_cast<int>(Operation::PacketLoad)) {
+    std::unique_lock exclusive(client_.Handles());
+    ok = LoadPacket();
+  } else {
+    std::shared_lock shared(client_.Handles());
+    switch (static_cast<Operation>(index)) {
+      case Operation::Search: ok = Search(); break;
+      case Operation::ValueWrite: ok = WriteValue(); break;
+      case Operation::SizeAdd: ok = AddSize(); break;
+      case Operation::SizeDelete: ok = ownSizes_.empty() ? AddSize() : DeleteSize(); break;
+      default: ok = ReadModel(); break;
+    }
+  }
+  ++done_[index];
+  if (!ok) ++failed_[index];
+}
+
+// The reload deletes the provider's files and every handle below it; the
+// first table reached afterwards reads the whole packet again.
+bool MixedWork::LoadPacket() {
+  const bool reloaded = lxReloadProvider(client_.connection_.server.c_str(), client_.connection_.database.c_str());
+  {
+    std::lock_guard lock(client_.filesMutex_);
+    client_.files_.clear();
+  }
+  LxPacket* packet = provider_GetPacketByName(client_.provider_, AnyPacket().c_str());
+  if (!reloaded || packet == nullptr) return Note("packet missing after reload");
+  return folder_GetTable(packet_GetRootFolder(packet)) != nullptr;
+}
+
+bool MixedWork::Search() {
+  LxSearchResult* result = pool_GetSearchResult(client_.pool_, AnyPacket().c_str(), kCondition);
+  if (result == nullptr) return false;
+  const bool found = search_GetCount(result) > 0;
+  pool_DeleteSearchResult(client_.pool_, result);
+  return found || Note("search found nothing");
+}
+
+bool MixedWork::WriteValue() {
+  const std::vector<SizePlace>& sizes = client_.sizes_;
+  const std::size_t hot = std::min(kHotCells, sizes.size());
+  const SizePlace& place = random_() % 2 == 0 ? sizes[random_() % hot] : sizes[random_() % sizes.size()];
+  LxFolderTable* table = nullptr;
+  LxStdSize* size = Size(place, &table);
+  LxAttribute* attribute = table != nullptr ? table_FindAttribute(table, kWrittenAttribute) : nullptr;
+  if (size == nullptr || attribute == nullptr) return Note("generated size or attribute not found");
+  // Unique over all clients and threads, and far above the generated values.
+  const std::int64_t value = client_.number_ * 100'000'000LL + thread_ * 10'000'000LL + ++sequence_ % 10'000'000;
+  JournalEntry entry{'V', std::to_string(place.id) + ":" + std::to_string(kWrittenNumber), value, MonotonicNs()};
+  entry.succeeded = stdsize_SetValueI(size, attribute, static_cast<std::int32_t>(value));
+  entry.endNs = MonotonicNs();
+  journal_.push_back(entry);
+  return entry.succeeded;
+}
+
+bool MixedWork::AddSize() {
+  const std::wstring& packet = AnyPacket();
+  SizePlace place{packet, client_.addFolders_.at(packet),
+                  Widened("L" + std::to_string(client_.number_) + "." + std::to_string(thread_) + "." +
+                          std::to_string(++sequence_))};
+  LxFolderTable* table = Table(place.packet, place.folder);
+  if (table == nullptr) return Note("folder for additions not found");
+  JournalEntry entry{'A', Narrowed(place.identifier), 0, MonotonicNs()};
+  LxStdSize* size = table_AddStdSize(table, place.identifier.c_str());
+  entry.endNs = MonotonicNs();
+  entry.succeeded = size != nullptr;
+  journal_.push_back(entry);
+  if (size == nullptr) return false;
+  if (place.identifier != stdsize_GetID(size)) return Note("added size renamed");
+  ownSizes_.push_back(std::move(place));
+  return true;
+}
+
+bool MixedWork::DeleteSize() {
+  const std::size_t index = random_() % ownSizes_.size();
+  const SizePlace place = ownSizes_[index];
+  LxFolderTable* table = nullptr;
+  LxStdSize* size = Size(place, &table);
+  if (size == nullptr) {
+    ownSizes_.erase(ownSizes_.begin() + static_cast<std::ptrdiff_t>(index));
+    return Note("added size not found");
+  }
+  JournalEntry entry{'D', Narrowed(place.identifier), 0, MonotonicNs()};
+  entry.succeeded = table_DeleteStdSize(table, size);
+  entry.endNs = MonotonicNs();
+  journal_.push_back(entry);
+  // A size that could not be deleted stays to be tried again.
+  if (entry.succeeded) ownSizes_.erase(ownSizes_.begin() + static_cast<std::ptrdiff_t>(index));
+  return entry.succeeded;
+}
+
+bool MixedWork::ReadModel() {
+  LxStdSize* size = Size(client_.sizes_[random_() % client_.sizes_.size()]);
+  LxModel* model = size != nullptr ? stdsize_GetModel(size) : nullptr;
+  const wchar_t* file = model != nullptr ? model_GetModelFile(model) : nullptr;
+  if (file == nullptr) return false;
+  std::error_code error;
+  if (std::filesystem::file_size(std::filesystem::path(file), error) == 0 || error) {
+    return Note("model file empty or missing");
+  }
+  client_.NoteFile(file);
+  return true;
+}
+
+LxFolderTable* MixedWork::Table(const std::wstring& packetName, const std::wstring& folderName) {
+  LxPacket* packet = provider_GetPacketByName(client_.provider_, packetName.c_str());
+  LxFolder* root = packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
+  if (root == nullptr) return nullptr;
+  for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
+    LxFolder* folder = folder_GetChildFolder(root, f);
+    if (folderName == folder_GetName(folder)) return folder_GetTable(folder);
+  }
+  return nullptr;
+}
+
+LxStdSize* MixedWork::Size(const SizePlace& place, LxFolderTable** tableOut) {
+  LxFolderTable* table = Table(place.packet, place.folder);
+  if (tableOut != nullptr) *tableOut = table;
+  return table != nullptr ? table_FindStdSize(table, place.identifier.c_str()) : nullptr;
+}
+
+const std::wstring& MixedWork::AnyPacket() { return client_.packets_[random_() % client_.packets_.size()]; }
+
+bool MixedWork::Note(const char* reason) {
+  ++notes_[reason];
+  return false;
+}
+
+}  // namespace lxtest

@@ -1,0 +1,117 @@
+// The mixed work of a load client, over the library's C interface only, as
+// an application would do it: packet loads (a provider reload, then a
+// packet read again), searches, integer value writes, sizes added and
+// deleted, model files read.
+//
+// LoadClient is one client's pool and provider, shared by its threads; each
+// thread has a MixedWork of its own. Like any client with several threads,
+// LoadClient keeps its own order around calls that kill handles: a reload
+// holds `Handles()` exclusively, every other operation shares it. The
+// library's frame lock already makes the calls themselves exclusive.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <random>
+#include <set>
+#include <shared_mutex>
+#include <string>
+#include <vector>
+
+#include "Journal.h"
+#include "LxDataAccess.h"
+
+namespace lxtest {
+
+struct Connection {
+  std::wstring server;  // empty: embedded
+  std::wstring database;
+  std::wstring user;
+  std::wstring password;
+};
+
+// A size of the generated catalog, found again by names after any reload.
+struct SizePlace {
+  std::wstring packet;
+  std::wstring folder;
+  std::wstring identifier;
+  std::int32_t id = 0;
+};
+
+class LoadClient {
+ public:
+  // Attaches a pool of its own and notes the catalog's layout; throws
+  // std::runtime_error when the catalog can't be reached.
+  LoadClient(const Connection& connection, int number);
+  // Deletes the pool, and with it the provider's temporary files.
+  ~LoadClient();
+  LoadClient(const LoadClient&) = delete;
+  LoadClient& operator=(const LoadClient&) = delete;
+
+  std::shared_mutex& Handles() { return handles_; }
+  // What is wrong with the temporary folder: it must hold exactly the files
+  // the provider handed out since its last reload. Empty when all is well.
+  // The caller holds Handles() exclusively.
+  std::string TempFolderProblem();
+  std::size_t TempFileCount();
+
+ private:
+  friend class MixedWork;
+
+  void NoteFile(const std::wstring& path);
+
+  Connection connection_;
+  int number_;
+  LxProviderPool* pool_ = nullptr;
+  LxDataProvider* provider_ = nullptr;
+  // Packet name to the folder where sizes are added and deleted.
+  std::map<std::wstring, std::wstring> addFolders_;
+  std::vector<std::wstring> packets_;
+  // Sorted by id, so that every client has the same hot cells first.
+  std::vector<SizePlace> sizes_;
+  std::shared_mutex handles_;
+  std::mutex filesMutex_;
+  std::set<std::wstring> files_;
+};
+
+class MixedWork {
+ public:
+  MixedWork(LoadClient& client, int thread, std::uint64_t seed);
+
+  // One operation, drawn by weight.
+  void RunOne();
+
+  const std::array<std::int64_t, kOperations>& Done() const { return done_; }
+  const std::array<std::int64_t, kOperations>& Failed() const { return failed_; }
+  const std::vector<JournalEntry>& Journal() const { return journal_; }
+  // Failures that the library reported by no message, counted by reason.
+  const std::map<std::string, std::int64_t>& Notes() const { return notes_; }
+
+ private:
+  bool LoadPacket();
+  bool Search();
+  bool WriteValue();
+  bool AddSize();
+  bool DeleteSize();
+  bool ReadModel();
+
+  LxFolderTable* Table(const std::wstring& packet, const std::wstring& folder);
+  LxStdSize* Size(const SizePlace& place, LxFolderTable** table = nullptr);
+  const std::wstring& AnyPacket();
+  bool Note(const char* reason);
+
+  LoadClient& client_;
+  int thread_;
+  std::mt19937_64 random_;
+  std::int64_t sequence_ = 0;
+  // Sizes this thread added and has not deleted yet.
+  std::vector<SizePlace> ownSizes_;
+  std::array<std::int64_t, kOperations> done_{};
+  std::array<std::int64_t, kOperations> failed_{};
+  std::vector<JournalEntry> journal_;
+  std::map<std::string, std::int64_t> notes_;
+};
+
+}  // namespace lxtest
