@@ -178,6 +178,7 @@ void CollectClient(const Target& target, int client, int status, Totals& totals)
       std::string reason;
       std::getline(fields, reason);
       totals.messages["(no message) " + reason] += count;
+      if (reason.starts_with("FAULT")) totals.problems.push_back(label + reason);
     } else if (tag == "sample" || tag == "memory") {
       totals.memory.push_back(label + line);
       const bool bad = tag == "sample" ? !line.ends_with(" ok") : line.starts_with("memory grew");

@@ -1,9 +1,11 @@
 #include "MixedWork.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
+#include <thread>
 
 namespace lxtest {
 namespace {
@@ -15,6 +17,8 @@ constexpr std::int32_t kWrittenNumber = 21;
 constexpr const wchar_t* kCondition = L"Параметр 21>=0";
 // Half the value writes go to these first cells, so that clients meet there.
 constexpr std::size_t kHotCells = 4;
+constexpr int kLayoutAttempts = 200;
+constexpr int kAddsPerFolder = 6;
 
 // Percent of draws below each bound, in Operation order.
 constexpr std::array<int, kOperations> kWeightBounds{4, 19, 54, 69, 81, 100};
@@ -40,26 +44,36 @@ LoadClient::LoadClient(const Connection& connection, int number) : connection_(c
                                connection.user.c_str(), connection.password.c_str());
   if (provider_ == nullptr) throw std::runtime_error("the catalog could not be attached");
   for (int p = 0; p < provider_GetPacketCount(provider_); ++p) {
-    LxPacket* packet = provider_GetPacket(provider_, p);
-    LxFolder* root = packet_GetRootFolder(packet);
-    const std::wstring packetName = packet_GetName(packet);
-    packets_.push_back(packetName);
-    for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
-      LxFolder* folder = folder_GetChildFolder(root, f);
-      const std::wstring folderName = folder_GetName(folder);
-      addFolders_.emplace(packetName, folderName);
-      LxFolderTable* table = folder_GetTable(folder);
-      for (int s = 0; s < table_GetStdSizeCount(table); ++s) {
-        const std::wstring identifier = stdsize_GetID(table_GetStdSize(table, s));
-        if (identifier.starts_with(kGeneratedPrefix)) {
-          const std::int32_t id = std::stoi(identifier.substr(std::wcslen(kGeneratedPrefix)));
-          sizes_.push_back({packetName, folderName, identifier, id});
-        }
-      }
+    // A load that meets another client's uncommitted write fails at once;
+    // the next access to the packet tries again.
+    int attempts = 0;
+    while (!NoteLayout(provider_GetPacket(provider_, p))) {
+      if (++attempts == kLayoutAttempts) throw std::runtime_error("a packet could not be loaded");
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
   }
   if (sizes_.empty()) throw std::runtime_error("the catalog has no generated sizes");
   std::sort(sizes_.begin(), sizes_.end(), [](const SizePlace& a, const SizePlace& b) { return a.id < b.id; });
+}
+
+bool LoadClient::NoteLayout(LxPacket* packet) {
+  LxFolder* root = packet_GetRootFolder(packet);
+  const std::wstring packetName = packet_GetName(packet);
+  std::vector<SizePlace> sizes;
+  for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
+    LxFolder* folder = folder_GetChildFolder(root, f);
+    const std::wstring folderName = folder_GetName(folder);
+    LxFolderTable* table = folder_GetTable(folder);
+    for (int s = 0; s < table_GetStdSizeCount(table); ++s) {
+      const std::wstring identifier = stdsize_GetID(table_GetStdSize(table, s));
+      if (!identifier.starts_with(kGeneratedPrefix)) continue;
+      sizes.push_back({packetName, folderName, identifier, std::stoi(identifier.substr(std::wcslen(kGeneratedPrefix)))});
+    }
+  }
+  if (sizes.empty()) return false;
+  packets_.push_back(packetName);
+  sizes_.insert(sizes_.end(), sizes.begin(), sizes.end());
+  return true;
 }
 
 LoadClient::~LoadClient() { lxDeleteProviderPool(pool_); }
@@ -102,7 +116,7 @@ void MixedWork::RunOne() {
       case Operation::Search: ok = Search(); break;
       case Operation::ValueWrite: ok = WriteValue(); break;
       case Operation::SizeAdd: ok = AddSize(); break;
-      case Operation::SizeDelete: ok = ownSizes_.empty() ? AddSize() : DeleteSize(); break;
+      case Operation::SizeDelete: ok = scratchAdds_ == 0 ? AddSize() : DeleteSize(); break;
       default: ok = ReadModel(); break;
     }
   }
@@ -111,7 +125,8 @@ void MixedWork::RunOne() {
 }
 
 // The reload deletes the provider's files and every handle below it; the
-// first table reached afterwards reads the whole packet again.
+// first table reached afterwards reads the whole packet again. A load that
+// failed half-way must leave nothing twice for the next try.
 bool MixedWork::LoadPacket() {
   const bool reloaded = lxReloadProvider(client_.connection_.server.c_str(), client_.connection_.database.c_str());
   {
@@ -120,7 +135,18 @@ bool MixedWork::LoadPacket() {
   }
   LxPacket* packet = provider_GetPacketByName(client_.provider_, AnyPacket().c_str());
   if (!reloaded || packet == nullptr) return Note("packet missing after reload");
-  return folder_GetTable(packet_GetRootFolder(packet)) != nullptr;
+  LxFolder* root = packet_GetRootFolder(packet);
+  if (folder_GetTable(root) == nullptr) return false;
+  std::set<std::wstring> identifiers;
+  for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
+    LxFolderTable* table = folder_GetTable(folder_GetChildFolder(root, f));
+    for (int s = 0; s < table_GetStdSizeCount(table); ++s) {
+      if (!identifiers.insert(stdsize_GetID(table_GetStdSize(table, s))).second) {
+        return Note("FAULT a size stands twice in a loaded packet");
+      }
+    }
+  }
+  return true;
 }
 
 bool MixedWork::Search() {
@@ -148,40 +174,70 @@ bool MixedWork::WriteValue() {
   return entry.succeeded;
 }
 
+// Sizes are added to a folder of this thread's own, which goes as a whole
+// after a few: a template stays when its last size is deleted, so only
+// deleting the folder keeps the catalog from growing over a long run.
 bool MixedWork::AddSize() {
-  const std::wstring& packet = AnyPacket();
-  SizePlace place{packet, client_.addFolders_.at(packet),
-                  Widened("L" + std::to_string(client_.number_) + "." + std::to_string(thread_) + "." +
-                          std::to_string(++sequence_))};
+  const std::string prefix = std::to_string(client_.number_) + "." + std::to_string(thread_) + ".";
+  if (scratchFolder_.empty()) {
+    const std::wstring packet = AnyPacket();
+    const std::wstring name = Widened("S" + prefix + std::to_string(++sequence_));
+    LxPacket* handle = provider_GetPacketByName(client_.provider_, packet.c_str());
+    if (handle == nullptr || folder_AddChildFolder(packet_GetRootFolder(handle), name.c_str()) == nullptr) {
+      return false;
+    }
+    scratchPacket_ = packet;
+    scratchFolder_ = name;
+  }
+  SizePlace place{scratchPacket_, scratchFolder_, Widened("L" + prefix + std::to_string(++sequence_))};
   LxFolderTable* table = Table(place.packet, place.folder);
-  if (table == nullptr) return Note("folder for additions not found");
+  if (table == nullptr) return Note("own folder not found");
   JournalEntry entry{'A', Narrowed(place.identifier), 0, MonotonicNs()};
   LxStdSize* size = table_AddStdSize(table, place.identifier.c_str());
   entry.endNs = MonotonicNs();
   entry.succeeded = size != nullptr;
   journal_.push_back(entry);
+  ++scratchAdds_;
   if (size == nullptr) return false;
-  if (place.identifier != stdsize_GetID(size)) return Note("added size renamed");
+  if (place.identifier != stdsize_GetID(size)) return Note("FAULT added size renamed");
   ownSizes_.push_back(std::move(place));
   return true;
 }
 
 bool MixedWork::DeleteSize() {
+  if (scratchAdds_ >= kAddsPerFolder || ownSizes_.empty()) return DeleteFolder();
   const std::size_t index = random_() % ownSizes_.size();
   const SizePlace place = ownSizes_[index];
   LxFolderTable* table = nullptr;
   LxStdSize* size = Size(place, &table);
-  if (size == nullptr) {
-    ownSizes_.erase(ownSizes_.begin() + static_cast<std::ptrdiff_t>(index));
-    return Note("added size not found");
-  }
+  // Not in memory when its packet's load failed; it stays to be tried again.
+  if (size == nullptr) return Note("added size not found");
   JournalEntry entry{'D', Narrowed(place.identifier), 0, MonotonicNs()};
   entry.succeeded = table_DeleteStdSize(table, size);
   entry.endNs = MonotonicNs();
   journal_.push_back(entry);
-  // A size that could not be deleted stays to be tried again.
   if (entry.succeeded) ownSizes_.erase(ownSizes_.begin() + static_cast<std::ptrdiff_t>(index));
   return entry.succeeded;
+}
+
+bool MixedWork::DeleteFolder() {
+  LxPacket* packet = provider_GetPacketByName(client_.provider_, scratchPacket_.c_str());
+  LxFolder* root = packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
+  LxFolder* folder = nullptr;
+  for (int f = 0; root != nullptr && f < folder_GetChildFolderCount(root); ++f) {
+    if (scratchFolder_ == folder_GetName(folder_GetChildFolder(root, f))) folder = folder_GetChildFolder(root, f);
+  }
+  if (folder == nullptr) return Note("own folder not found");
+  const std::int64_t start = MonotonicNs();
+  const bool deleted = folder_DeleteChildFolder(root, folder);
+  for (const SizePlace& place : ownSizes_) {
+    journal_.push_back({'D', Narrowed(place.identifier), 0, start, MonotonicNs(), deleted});
+  }
+  if (!deleted) return false;
+  ownSizes_.clear();
+  scratchFolder_.clear();
+  scratchAdds_ = 0;
+  return true;
 }
 
 bool MixedWork::ReadModel() {
@@ -191,7 +247,7 @@ bool MixedWork::ReadModel() {
   if (file == nullptr) return false;
   std::error_code error;
   if (std::filesystem::file_size(std::filesystem::path(file), error) == 0 || error) {
-    return Note("model file empty or missing");
+    return Note("FAULT model file empty or missing");
   }
   client_.NoteFile(file);
   return true;

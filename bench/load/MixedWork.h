@@ -60,14 +60,14 @@ class LoadClient {
  private:
   friend class MixedWork;
 
+  // Notes the packet's generated sizes; false when its load failed.
+  bool NoteLayout(LxPacket* packet);
   void NoteFile(const std::wstring& path);
 
   Connection connection_;
   int number_;
   LxProviderPool* pool_ = nullptr;
   LxDataProvider* provider_ = nullptr;
-  // Packet name to the folder where sizes are added and deleted.
-  std::map<std::wstring, std::wstring> addFolders_;
   std::vector<std::wstring> packets_;
   // Sorted by id, so that every client has the same hot cells first.
   std::vector<SizePlace> sizes_;
@@ -86,7 +86,8 @@ class MixedWork {
   const std::array<std::int64_t, kOperations>& Done() const { return done_; }
   const std::array<std::int64_t, kOperations>& Failed() const { return failed_; }
   const std::vector<JournalEntry>& Journal() const { return journal_; }
-  // Failures that the library reported by no message, counted by reason.
+  // Failures that the library reported by no message, counted by reason;
+  // reasons that begin with "FAULT" are faults of the library.
   const std::map<std::string, std::int64_t>& Notes() const { return notes_; }
 
  private:
@@ -95,6 +96,7 @@ class MixedWork {
   bool WriteValue();
   bool AddSize();
   bool DeleteSize();
+  bool DeleteFolder();
   bool ReadModel();
 
   LxFolderTable* Table(const std::wstring& packet, const std::wstring& folder);
@@ -106,7 +108,11 @@ class MixedWork {
   int thread_;
   std::mt19937_64 random_;
   std::int64_t sequence_ = 0;
-  // Sizes this thread added and has not deleted yet.
+  // This thread's folder for added sizes (none while the name is empty),
+  // the adds tried in it, and the sizes added there and not deleted yet.
+  std::wstring scratchPacket_;
+  std::wstring scratchFolder_;
+  int scratchAdds_ = 0;
   std::vector<SizePlace> ownSizes_;
   std::array<std::int64_t, kOperations> done_{};
   std::array<std::int64_t, kOperations> failed_{};
