@@ -20,8 +20,8 @@ namespace lxtest {
 // The operations of the mixed work; clients report their counts by index.
 enum class Operation { PacketLoad, Search, ValueWrite, SizeAdd, SizeDelete, ModelRead };
 inline constexpr int kOperations = 6;
-inline constexpr std::array<const char*, kOperations> kOperationNames{
-    "packet load", "search", "value write", "size add", "size delete", "model read"};
+inline constexpr std::array<const char*, kOperations> kOperationNames{"packet load", "search",      "value write",
+                                                                      "size add",    "size delete", "model read"};
 
 struct JournalEntry {
   // 'V' a value written to a cell, 'A' a size added, 'D' a size deleted.

@@ -64,7 +64,8 @@ Target MakeCatalog(bool throughServer) {
   target.server = throughServer ? Environment("LX_TEST_SERVER") : "";
   target.user = throughServer ? Environment("LX_TEST_USER", "SYSDBA") : "SYSDBA";
   target.password = throughServer ? Environment("LX_TEST_PASSWORD") : "";
-  const std::string base = throughServer ? Environment("LX_TEST_DB_DIR") : std::filesystem::temp_directory_path().string();
+  const std::string base =
+      throughServer ? Environment("LX_TEST_DB_DIR") : std::filesystem::temp_directory_path().string();
   std::string pattern = base + "/lxload-XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
   target.folder = pattern;
@@ -90,16 +91,19 @@ pid_t StartClient(const Target& target, const LoadPlan& plan, int client) {
   const std::filesystem::path tmp = ClientFile(target, client, ".tmp");
   std::filesystem::create_directory(tmp);
   const std::string program = (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "lxload_client");
-  std::vector<std::string> arguments{program,          "--database", target.path,
-                                     "--client",       std::to_string(client),
-                                     "--threads",      std::to_string(plan.threads),
-                                     "--seconds",      std::to_string(plan.seconds),
-                                     "--sample-seconds", std::to_string(plan.sampleSeconds),
-                                     "--journal",      ClientFile(target, client, ".journal")};
-  for (const auto& [name, value] : {std::pair{"--server", target.server}, {"--user", target.user},
-                                    {"--password", target.password}}) {
+  std::vector<std::string> arguments{program};
+  auto add = [&arguments](const char* name, const std::string& value) {
     if (!value.empty()) arguments.insert(arguments.end(), {name, value});
-  }
+  };
+  add("--server", target.server);
+  add("--database", target.path);
+  add("--user", target.user);
+  add("--password", target.password);
+  add("--client", std::to_string(client));
+  add("--threads", std::to_string(plan.threads));
+  add("--seconds", std::to_string(plan.seconds));
+  add("--sample-seconds", std::to_string(plan.sampleSeconds));
+  add("--journal", ClientFile(target, client, ".journal"));
   if (plan.memoryCheck) arguments.push_back("--memory-check");
   std::vector<std::string> environment{"TMP=" + tmp.string()};
   for (char** variable = environ; *variable != nullptr; ++variable) {
@@ -195,7 +199,8 @@ void CollectClient(const Target& target, int client, int status, Totals& totals)
   }
   for (std::size_t at = err.find(kDebugPrefix); at != std::string::npos;) {
     const std::size_t next = err.find(kDebugPrefix, at + 1);
-    ++totals.messages[MessageKey(std::string_view(err).substr(at, next - at))];
+    const std::size_t text = at + std::string_view(kDebugPrefix).size();
+    ++totals.messages[MessageKey(std::string_view(err).substr(text, next - text))];
     at = next;
   }
   std::istringstream journal(ReadAll(ClientFile(target, client, ".journal")));
@@ -209,10 +214,10 @@ void CollectClient(const Target& target, int client, int status, Totals& totals)
 // cell is itself a fault.
 std::map<std::string, std::vector<std::int64_t>> DatabaseCells(CatalogSql& sql) {
   std::map<std::string, std::vector<std::int64_t>> cells;
-  for (const std::wstring& row : sql.Texts(
-           L"SELECT sz.ID || ':' || oa.NUMBER || ' ' || COALESCE(cv.INTVAL, 0) FROM ATTRIBUTEVALUE av "
-           L"JOIN OBJECTATTRIBUTE oa ON oa.ID = av.OBJECTATTRIBUTEID JOIN STANDARDSIZE sz ON sz.ID = "
-           L"av.STANDARDSIZEID JOIN CONCRETEVALUE cv ON cv.ID = av.CONCRETEVALUEID WHERE oa.NUMBER = 21")) {
+  for (const std::wstring& row :
+       sql.Texts(L"SELECT sz.ID || ':' || oa.NUMBER || ' ' || COALESCE(cv.INTVAL, 0) FROM ATTRIBUTEVALUE av "
+                 L"JOIN OBJECTATTRIBUTE oa ON oa.ID = av.OBJECTATTRIBUTEID JOIN STANDARDSIZE sz ON sz.ID = "
+                 L"av.STANDARDSIZEID JOIN CONCRETEVALUE cv ON cv.ID = av.CONCRETEVALUEID WHERE oa.NUMBER = 21")) {
     const std::size_t blank = row.find(L' ');
     cells[WideToUtf8(row.substr(0, blank))].push_back(std::stoll(row.substr(blank + 1)));
   }
@@ -265,7 +270,8 @@ void CheckSizes(CatalogSql& sql, const std::vector<JournalEntry>& journal, Total
     if (entry.kind == 'D' && entry.succeeded) expected[entry.key] = 0;
   }
   std::map<std::string, int> present;
-  for (const std::wstring& identifier : sql.Texts(L"SELECT IDENTIFIER FROM STANDARDSIZE WHERE IDENTIFIER STARTING WITH 'L'")) {
+  for (const std::wstring& identifier :
+       sql.Texts(L"SELECT IDENTIFIER FROM STANDARDSIZE WHERE IDENTIFIER STARTING WITH 'L'")) {
     ++present[WideToUtf8(identifier)];
   }
   std::int64_t standing = 0;

@@ -40,8 +40,8 @@ std::filesystem::path TempFolder() {
 LoadClient::LoadClient(const Connection& connection, int number) : connection_(connection), number_(number) {
   const std::wstring name = L"load-client-" + std::to_wstring(number);
   pool_ = lxAddLibraryProviderPool(name.c_str(), L"");
-  provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(),
-                               connection.user.c_str(), connection.password.c_str());
+  provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(), connection.user.c_str(),
+                               connection.password.c_str());
   if (provider_ == nullptr) throw std::runtime_error("the catalog could not be attached");
   for (int p = 0; p < provider_GetPacketCount(provider_); ++p) {
     // A load that meets another client's uncommitted write fails at once;
@@ -67,7 +67,8 @@ bool LoadClient::NoteLayout(LxPacket* packet) {
     for (int s = 0; s < table_GetStdSizeCount(table); ++s) {
       const std::wstring identifier = stdsize_GetID(table_GetStdSize(table, s));
       if (!identifier.starts_with(kGeneratedPrefix)) continue;
-      sizes.push_back({packetName, folderName, identifier, std::stoi(identifier.substr(std::wcslen(kGeneratedPrefix)))});
+      sizes.push_back(
+          {packetName, folderName, identifier, std::stoi(identifier.substr(std::wcslen(kGeneratedPrefix)))});
     }
   }
   if (sizes.empty()) return false;
@@ -104,25 +105,37 @@ MixedWork::MixedWork(LoadClient& client, int thread, std::uint64_t seed)
 
 void MixedWork::RunOne() {
   const int draw = static_cast<int>(random_() % 100);
-  const int index = static_cast<int>(std::upper_bound(kWeightBounds.begin(), kWeightBounds.end(), draw) -
-                                     kWeightBounds.begin());
-  bool ok = false;
-  if (index == static_cast<int>(Operation::PacketLoad)) {
-    std::unique_lock exclusive(client_.Handles());
-    ok = LoadPacket();
-  } else {
-    std::shared_lock shared(client_.Handles());
-    switch (static_cast<Operation>(index)) {
-      case Operation::Search: ok = Search(); break;
-      case Operation::ValueWrite: ok = WriteValue(); break;
-      case Operation::SizeAdd: ok = AddSize(); break;
-      case Operation::SizeDelete: ok = scratchAdds_ == 0 ? AddSize() : DeleteSize(); break;
-      default: ok = ReadModel(); break;
-    }
-  }
+  const int index =
+      static_cast<int>(std::upper_bound(kWeightBounds.begin(), kWeightBounds.end(), draw) - kWeightBounds.begin());
+  const auto operation = static_cast<Operation>(index);
+  // A reload and a folder's deletion kill handles that other threads may hold.
+  const bool killsHandles = operation == Operation::PacketLoad || (operation == Operation::SizeDelete && FolderDue());
+  std::shared_lock shared(client_.Handles(), std::defer_lock);
+  std::unique_lock exclusive(client_.Handles(), std::defer_lock);
+  killsHandles ? exclusive.lock() : shared.lock();
   ++done_[index];
-  if (!ok) ++failed_[index];
+  if (!Run(operation)) ++failed_[index];
 }
+
+bool MixedWork::Run(Operation operation) {
+  switch (operation) {
+    case Operation::PacketLoad:
+      return LoadPacket();
+    case Operation::Search:
+      return Search();
+    case Operation::ValueWrite:
+      return WriteValue();
+    case Operation::SizeAdd:
+      return AddSize();
+    case Operation::SizeDelete:
+      return scratchAdds_ == 0 ? AddSize() : DeleteSize();
+    case Operation::ModelRead:
+      return ReadModel();
+  }
+  return false;
+}
+
+bool MixedWork::FolderDue() const { return scratchAdds_ > 0 && (scratchAdds_ >= kAddsPerFolder || ownSizes_.empty()); }
 
 // The reload deletes the provider's files and every handle below it; the
 // first table reached afterwards reads the whole packet again. A load that
@@ -133,9 +146,8 @@ bool MixedWork::LoadPacket() {
     std::lock_guard lock(client_.filesMutex_);
     client_.files_.clear();
   }
-  LxPacket* packet = provider_GetPacketByName(client_.provider_, AnyPacket().c_str());
-  if (!reloaded || packet == nullptr) return Note("packet missing after reload");
-  LxFolder* root = packet_GetRootFolder(packet);
+  LxFolder* root = Root(AnyPacket());
+  if (!reloaded || root == nullptr) return Note("packet missing after reload");
   if (folder_GetTable(root) == nullptr) return false;
   std::set<std::wstring> identifiers;
   for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
@@ -182,10 +194,8 @@ bool MixedWork::AddSize() {
   if (scratchFolder_.empty()) {
     const std::wstring packet = AnyPacket();
     const std::wstring name = Widened("S" + prefix + std::to_string(++sequence_));
-    LxPacket* handle = provider_GetPacketByName(client_.provider_, packet.c_str());
-    if (handle == nullptr || folder_AddChildFolder(packet_GetRootFolder(handle), name.c_str()) == nullptr) {
-      return false;
-    }
+    LxFolder* root = Root(packet);
+    if (root == nullptr || folder_AddChildFolder(root, name.c_str()) == nullptr) return false;
     scratchPacket_ = packet;
     scratchFolder_ = name;
   }
@@ -205,7 +215,7 @@ bool MixedWork::AddSize() {
 }
 
 bool MixedWork::DeleteSize() {
-  if (scratchAdds_ >= kAddsPerFolder || ownSizes_.empty()) return DeleteFolder();
+  if (FolderDue()) return DeleteFolder();
   const std::size_t index = random_() % ownSizes_.size();
   const SizePlace place = ownSizes_[index];
   LxFolderTable* table = nullptr;
@@ -221,12 +231,8 @@ bool MixedWork::DeleteSize() {
 }
 
 bool MixedWork::DeleteFolder() {
-  LxPacket* packet = provider_GetPacketByName(client_.provider_, scratchPacket_.c_str());
-  LxFolder* root = packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
-  LxFolder* folder = nullptr;
-  for (int f = 0; root != nullptr && f < folder_GetChildFolderCount(root); ++f) {
-    if (scratchFolder_ == folder_GetName(folder_GetChildFolder(root, f))) folder = folder_GetChildFolder(root, f);
-  }
+  LxFolder* root = Root(scratchPacket_);
+  LxFolder* folder = Child(root, scratchFolder_);
   if (folder == nullptr) return Note("own folder not found");
   const std::int64_t start = MonotonicNs();
   const bool deleted = folder_DeleteChildFolder(root, folder);
@@ -253,15 +259,23 @@ bool MixedWork::ReadModel() {
   return true;
 }
 
-LxFolderTable* MixedWork::Table(const std::wstring& packetName, const std::wstring& folderName) {
+LxFolder* MixedWork::Root(const std::wstring& packetName) {
   LxPacket* packet = provider_GetPacketByName(client_.provider_, packetName.c_str());
-  LxFolder* root = packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
-  if (root == nullptr) return nullptr;
-  for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
-    LxFolder* folder = folder_GetChildFolder(root, f);
-    if (folderName == folder_GetName(folder)) return folder_GetTable(folder);
+  return packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
+}
+
+LxFolder* MixedWork::Child(LxFolder* parent, const std::wstring& name) {
+  for (int f = 0; parent != nullptr && f < folder_GetChildFolderCount(parent); ++f) {
+    LxFolder* folder = folder_GetChildFolder(parent, f);
+    const wchar_t* folderName = folder != nullptr ? folder_GetName(folder) : nullptr;
+    if (folderName != nullptr && name == folderName) return folder;
   }
   return nullptr;
+}
+
+LxFolderTable* MixedWork::Table(const std::wstring& packetName, const std::wstring& folderName) {
+  LxFolder* folder = Child(Root(packetName), folderName);
+  return folder != nullptr ? folder_GetTable(folder) : nullptr;
 }
 
 LxStdSize* MixedWork::Size(const SizePlace& place, LxFolderTable** tableOut) {

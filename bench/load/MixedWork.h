@@ -6,7 +6,8 @@
 // LoadClient is one client's pool and provider, shared by its threads; each
 // thread has a MixedWork of its own. Like any client with several threads,
 // LoadClient keeps its own order around calls that kill handles: a reload
-// holds `Handles()` exclusively, every other operation shares it. The
+// and a folder's deletion hold `Handles()` exclusively, every other
+// operation shares it. The
 // library's frame lock already makes the calls themselves exclusive.
 #pragma once
 
@@ -91,6 +92,9 @@ class MixedWork {
   const std::map<std::string, std::int64_t>& Notes() const { return notes_; }
 
  private:
+  bool Run(Operation operation);
+  // Whether this thread's folder is to be deleted by the next size deletion.
+  bool FolderDue() const;
   bool LoadPacket();
   bool Search();
   bool WriteValue();
@@ -99,6 +103,9 @@ class MixedWork {
   bool DeleteFolder();
   bool ReadModel();
 
+  // Handles found by names, null when a packet's load failed.
+  LxFolder* Root(const std::wstring& packet);
+  LxFolder* Child(LxFolder* parent, const std::wstring& name);
   LxFolderTable* Table(const std::wstring& packet, const std::wstring& folder);
   LxStdSize* Size(const SizePlace& place, LxFolderTable** table = nullptr);
   const std::wstring& AnyPacket();
