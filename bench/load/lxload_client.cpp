@@ -72,51 +72,27 @@ bool MemoryLevelled(const std::vector<long>& samples) {
   return levelled;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  auto arguments = Arguments(argc, argv);
-  const lxtest::Connection connection{Wide(arguments["server"]), Wide(arguments["database"]),
-                                      Wide(arguments.count("user") ? arguments["user"] : "SYSDBA"),
-                                      Wide(arguments["password"])};
-  const int clientNumber = std::atoi(arguments["client"].c_str());
-  const int threads = std::max(1, std::atoi(arguments["threads"].c_str()));
-  const auto length = std::chrono::seconds(std::atoi(arguments["seconds"].c_str()));
-  const int sampleSeconds = std::atoi(arguments["sample-seconds"].c_str());
-
-  auto client = std::make_unique<lxtest::LoadClient>(connection, clientNumber);
-  std::vector<std::unique_ptr<lxtest::MixedWork>> works;
-  for (int t = 0; t < threads; ++t) {
-    works.push_back(std::make_unique<lxtest::MixedWork>(*client, t, clientNumber * 1000 + t));
-  }
-  const Clock::time_point start = Clock::now();
-  const Clock::time_point end = start + length;
-  std::vector<std::thread> workers;
-  for (auto& work : works) {
-    workers.emplace_back([&work, end] {
-      while (Clock::now() < end) work->RunOne();
-    });
-  }
-
+// Samples memory and the temporary folder every `sampleSeconds` until
+// `end`, while the workers run; false when the folder was wrong once.
+bool Sample(lxtest::LoadClient& client, Clock::time_point start, Clock::time_point end, int sampleSeconds,
+            std::vector<long>& samples) {
   bool ok = true;
-  std::vector<long> samples;
   for (int n = 1; sampleSeconds > 0 && start + std::chrono::seconds(n * sampleSeconds) <= end; ++n) {
     std::this_thread::sleep_until(start + std::chrono::seconds(n * sampleSeconds));
-    std::unique_lock exclusive(client->Handles());
-    const std::string problem = client->TempFolderProblem();
+    std::unique_lock exclusive(client.Handles());
+    const std::string problem = client.TempFolderProblem();
     samples.push_back(ResidentKb());
-    std::cout << "sample " << n * sampleSeconds << ' ' << samples.back() << ' ' << client->TempFileCount() << ' '
+    std::cout << "sample " << n * sampleSeconds << ' ' << samples.back() << ' ' << client.TempFileCount() << ' '
               << (problem.empty() ? "ok" : problem) << std::endl;
     ok = ok && problem.empty();
   }
-  for (std::thread& worker : workers) worker.join();
-  std::string problem = client->TempFolderProblem();
-  client.reset();
-  const char* tmp = std::getenv("TMP");
-  if (tmp != nullptr && !std::filesystem::is_empty(tmp)) problem += "files left after the pool was deleted; ";
-  if (arguments.count("memory-check")) ok = MemoryLevelled(samples) && ok;
+  return ok;
+}
 
-  std::ofstream journal(arguments["journal"]);
+// Prints the counts and notes of all threads and writes their journals;
+// false when the journal could not be written.
+bool Report(const std::vector<std::unique_ptr<lxtest::MixedWork>>& works, const std::string& journalPath) {
+  std::ofstream journal(journalPath);
   std::map<std::string, std::int64_t> notes;
   for (int op = 0; op < lxtest::kOperations; ++op) {
     std::int64_t done = 0, failed = 0;
@@ -131,6 +107,42 @@ int main(int argc, char** argv) {
     for (const auto& [reason, count] : work->Notes()) notes[reason] += count;
   }
   for (const auto& [reason, count] : notes) std::cout << "note " << count << ' ' << reason << '\n';
+  return journal.good();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  auto arguments = Arguments(argc, argv);
+  const lxtest::Connection connection{Wide(arguments["server"]), Wide(arguments["database"]),
+                                      Wide(arguments.count("user") ? arguments["user"] : "SYSDBA"),
+                                      Wide(arguments["password"])};
+  const int clientNumber = std::atoi(arguments["client"].c_str());
+  const int threads = std::max(1, std::atoi(arguments["threads"].c_str()));
+
+  auto client = std::make_unique<lxtest::LoadClient>(connection, clientNumber);
+  std::vector<std::unique_ptr<lxtest::MixedWork>> works;
+  for (int t = 0; t < threads; ++t) {
+    works.push_back(std::make_unique<lxtest::MixedWork>(*client, t, clientNumber * 1000 + t));
+  }
+  const Clock::time_point start = Clock::now();
+  const Clock::time_point end = start + std::chrono::seconds(std::atoi(arguments["seconds"].c_str()));
+  std::vector<std::thread> workers;
+  for (auto& work : works) {
+    workers.emplace_back([&work, end] {
+      while (Clock::now() < end) work->RunOne();
+    });
+  }
+  std::vector<long> samples;
+  bool ok = Sample(*client, start, end, std::atoi(arguments["sample-seconds"].c_str()), samples);
+  for (std::thread& worker : workers) worker.join();
+
+  std::string problem = client->TempFolderProblem();
+  client.reset();
+  const char* tmp = std::getenv("TMP");
+  if (tmp != nullptr && !std::filesystem::is_empty(tmp)) problem += "files left after the pool was deleted; ";
+  if (arguments.count("memory-check")) ok = MemoryLevelled(samples) && ok;
+  ok = Report(works, arguments["journal"]) && ok;
   std::cout << "end " << (problem.empty() ? "ok" : problem) << std::endl;
-  return ok && problem.empty() && journal.good() ? 0 : 1;
+  return ok && problem.empty() ? 0 : 1;
 }
