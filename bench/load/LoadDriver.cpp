@@ -13,6 +13,7 @@
 #include <iomanip>
 #include <iostream>
 #include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -139,19 +140,26 @@ struct Totals {
   std::vector<std::string> memory;
 };
 
-// One debug text as a key to count by: numbers (ids, values, error codes)
-// don't tell failures apart, line breaks are shown as " | ".
+// One debug text as a key to count by: its distinct lines in order of
+// appearance, without the indents of nested messages, joined by " | ".
+// Numbers (ids, values, error codes) don't tell failures apart, and a load
+// retried for each folder of one call says the same thing each time.
 std::string MessageKey(std::string_view text) {
-  std::string key;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char ch = text[i];
-    if (ch >= '0' && ch <= '9') {
-      if (key.empty() || key.back() != '#') key += '#';
-    } else if (ch == '\n') {
-      if (i + 1 < text.size()) key += " | ";
+  std::vector<std::string> lines(1);
+  for (const char ch : text) {
+    if (ch == '\n') {
+      lines.emplace_back();
+    } else if (ch >= '0' && ch <= '9') {
+      if (lines.back().empty() || lines.back().back() != '#') lines.back() += '#';
     } else {
-      key += ch;
+      lines.back() += ch;
     }
+  }
+  std::string key;
+  std::set<std::string> seen;
+  for (std::string& line : lines) {
+    line.erase(0, line.find_first_not_of("> "));
+    if (!line.empty() && seen.insert(line).second) key += (key.empty() ? "" : " | ") + line;
   }
   return key;
 }

@@ -43,13 +43,15 @@ LoadClient::LoadClient(const Connection& connection, int number) : connection_(c
   provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(), connection.user.c_str(),
                                connection.password.c_str());
   if (provider_ == nullptr) throw std::runtime_error("the catalog could not be attached");
-  for (int p = 0; p < provider_GetPacketCount(provider_); ++p) {
-    // A load that meets another client's uncommitted write fails at once;
-    // the next access to the packet tries again.
-    int attempts = 0;
-    while (!NoteLayout(provider_GetPacket(provider_, p))) {
-      if (++attempts == kLayoutAttempts) throw std::runtime_error("a packet could not be loaded");
+  const int packets = provider_GetPacketCount(provider_);
+  for (int p = 0; p < packets; ++p) {
+    // A load fails at once when it meets another client's uncommitted
+    // write, and for good when another client's new folder holds templates
+    // (the folder tree in memory lacks it) until the provider is reloaded.
+    for (int attempt = 1; !NoteLayout(provider_GetPacket(provider_, p)); ++attempt) {
+      if (attempt == kLayoutAttempts) throw std::runtime_error("a packet could not be loaded");
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      lxReloadProvider(connection.server.c_str(), connection.database.c_str());
     }
   }
   if (sizes_.empty()) throw std::runtime_error("the catalog has no generated sizes");
@@ -57,7 +59,9 @@ LoadClient::LoadClient(const Connection& connection, int number) : connection_(c
 }
 
 bool LoadClient::NoteLayout(LxPacket* packet) {
-  LxFolder* root = packet_GetRootFolder(packet);
+  // A reload whose own load failed leaves packets missing or without folders.
+  LxFolder* root = packet != nullptr ? packet_GetRootFolder(packet) : nullptr;
+  if (root == nullptr) return false;
   const std::wstring packetName = packet_GetName(packet);
   std::vector<SizePlace> sizes;
   for (int f = 0; f < folder_GetChildFolderCount(root); ++f) {
@@ -118,21 +122,10 @@ void MixedWork::RunOne() {
 }
 
 bool MixedWork::Run(Operation operation) {
-  switch (operation) {
-    case Operation::PacketLoad:
-      return LoadPacket();
-    case Operation::Search:
-      return Search();
-    case Operation::ValueWrite:
-      return WriteValue();
-    case Operation::SizeAdd:
-      return AddSize();
-    case Operation::SizeDelete:
-      return scratchAdds_ == 0 ? AddSize() : DeleteSize();
-    case Operation::ModelRead:
-      return ReadModel();
-  }
-  return false;
+  static constexpr std::array<bool (MixedWork::*)(), kOperations> kRuns{
+      &MixedWork::LoadPacket, &MixedWork::Search,     &MixedWork::WriteValue,
+      &MixedWork::AddSize,    &MixedWork::DeleteSize, &MixedWork::ReadModel};
+  return (this->*kRuns[static_cast<int>(operation)])();
 }
 
 bool MixedWork::FolderDue() const { return scratchAdds_ > 0 && (scratchAdds_ >= kAddsPerFolder || ownSizes_.empty()); }
@@ -215,6 +208,7 @@ bool MixedWork::AddSize() {
 }
 
 bool MixedWork::DeleteSize() {
+  if (scratchAdds_ == 0) return AddSize();
   if (FolderDue()) return DeleteFolder();
   const std::size_t index = random_() % ownSizes_.size();
   const SizePlace place = ownSizes_[index];
