@@ -107,6 +107,17 @@ std::string LoadClient::TempFolderProblem() {
 MixedWork::MixedWork(LoadClient& client, int thread, std::uint64_t seed)
     : client_(client), thread_(thread), random_(seed) {}
 
+void MixedWork::WarmUp() {
+  LoadPacket();
+  for (const SizePlace& place : client_.sizes_) ReadModel(place);
+  for (std::size_t i = 0; i < client_.packets_.size(); ++i) Search();
+  for (int i = 0; i < kAddsPerFolder; ++i) {
+    AddSize();
+    WriteValue();
+  }
+  DeleteFolder();
+}
+
 void MixedWork::RunOne() {
   const int draw = static_cast<int>(random_() % 100);
   const int index =
@@ -240,8 +251,10 @@ bool MixedWork::DeleteFolder() {
   return true;
 }
 
-bool MixedWork::ReadModel() {
-  LxStdSize* size = Size(client_.sizes_[random_() % client_.sizes_.size()]);
+bool MixedWork::ReadModel() { return ReadModel(client_.sizes_[random_() % client_.sizes_.size()]); }
+
+bool MixedWork::ReadModel(const SizePlace& place) {
+  LxStdSize* size = Size(place);
   LxModel* model = size != nullptr ? stdsize_GetModel(size) : nullptr;
   const wchar_t* file = model != nullptr ? model_GetModelFile(model) : nullptr;
   if (file == nullptr) return false;

@@ -83,6 +83,10 @@ class MixedWork {
 
   // One operation, drawn by weight.
   void RunOne();
+  // Every kind of work once and every model read, uncounted, so that a first
+  // sample of memory finds the caches of library, engine and allocator
+  // filled. Alone: no other thread may work meanwhile.
+  void WarmUp();
 
   const std::array<std::int64_t, kOperations>& Done() const { return done_; }
   const std::array<std::int64_t, kOperations>& Failed() const { return failed_; }
@@ -102,6 +106,7 @@ class MixedWork {
   bool DeleteSize();
   bool DeleteFolder();
   bool ReadModel();
+  bool ReadModel(const SizePlace& place);
 
   // Handles found by names, null when a packet's load failed.
   LxFolder* Root(const std::wstring& packet);

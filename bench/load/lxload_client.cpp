@@ -125,6 +125,8 @@ int main(int argc, char** argv) {
   for (int t = 0; t < threads; ++t) {
     works.push_back(std::make_unique<lxtest::MixedWork>(*client, t, clientNumber * 1000 + t));
   }
+  const int sampleSeconds = std::atoi(arguments["sample-seconds"].c_str());
+  if (sampleSeconds > 0) works.front()->WarmUp();
   const Clock::time_point start = Clock::now();
   const Clock::time_point end = start + std::chrono::seconds(std::atoi(arguments["seconds"].c_str()));
   std::vector<std::thread> workers;
@@ -134,7 +136,7 @@ int main(int argc, char** argv) {
     });
   }
   std::vector<long> samples;
-  bool ok = Sample(*client, start, end, std::atoi(arguments["sample-seconds"].c_str()), samples);
+  bool ok = Sample(*client, start, end, sampleSeconds, samples);
   for (std::thread& worker : workers) worker.join();
 
   std::string problem = client->TempFolderProblem();
