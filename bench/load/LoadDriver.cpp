@@ -5,7 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -299,19 +298,21 @@ void CheckSizes(CatalogSql& sql, const std::vector<JournalEntry>& journal, Total
 
 void PrintFigures(const LoadPlan& plan, const Totals& totals) {
   std::cout << "load: " << plan.processes << " process(es) x " << plan.threads << " thread(s), " << plan.seconds
-            << " s\n"
-            << std::left << std::setw(14) << "operation" << std::right << std::setw(10) << "done" << std::setw(10)
-            << "failed" << std::setw(12) << "per second\n";
+            << " s\n";
+  auto row = [&plan](const std::string& name, const auto& done, const auto& failed) {
+    std::cout << std::left << std::setw(14) << name << std::right << std::setw(10) << done << std::setw(10) << failed
+              << std::setw(12) << std::fixed << std::setprecision(1) << done / double(plan.seconds) << '\n';
+  };
+  std::cout << std::left << std::setw(14) << "operation" << std::right << std::setw(10) << "done" << std::setw(10)
+            << "failed" << std::setw(12) << "per second" << '\n';
   std::int64_t done = 0, failed = 0;
   for (int op = 0; op < kOperations; ++op) {
-    std::cout << std::left << std::setw(14) << kOperationNames[op] << std::right << std::setw(10) << totals.done[op]
-              << std::setw(10) << totals.failed[op] << std::setw(11) << std::fixed << std::setprecision(1)
-              << static_cast<double>(totals.done[op]) / plan.seconds << '\n';
+    row(kOperationNames[op], totals.done[op], totals.failed[op]);
     done += totals.done[op];
     failed += totals.failed[op];
   }
-  std::cout << std::left << std::setw(14) << "all" << std::right << std::setw(10) << done << std::setw(10) << failed
-            << std::setw(11) << static_cast<double>(done) / plan.seconds << "\nmessages of the debug channel:\n";
+  row("all", done, failed);
+  std::cout << "messages of the debug channel:\n";
   for (const auto& [message, count] : totals.messages) std::cout << std::setw(8) << count << "  " << message << '\n';
   for (const std::string& line : totals.memory) std::cout << line << '\n';
 }

@@ -40,9 +40,14 @@ std::filesystem::path TempFolder() {
 LoadClient::LoadClient(const Connection& connection, int number) : connection_(connection), number_(number) {
   const std::wstring name = L"load-client-" + std::to_wstring(number);
   pool_ = lxAddLibraryProviderPool(name.c_str(), L"");
-  provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(), connection.user.c_str(),
-                               connection.password.c_str());
-  if (provider_ == nullptr) throw std::runtime_error("the catalog could not be attached");
+  // The first load of a provider fails at once, too, when it meets another
+  // client's uncommitted write.
+  for (int attempt = 1; (provider_ = pool_AddProvider(pool_, connection.server.c_str(), connection.database.c_str(),
+                                                      connection.user.c_str(), connection.password.c_str())) == nullptr;
+       ++attempt) {
+    if (attempt == kLayoutAttempts) throw std::runtime_error("the catalog could not be attached");
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
   const int packets = provider_GetPacketCount(provider_);
   for (int p = 0; p < packets; ++p) {
     // A load fails at once when it meets another client's uncommitted
@@ -133,9 +138,9 @@ void MixedWork::RunOne() {
 }
 
 bool MixedWork::Run(Operation operation) {
-  static constexpr std::array<bool (MixedWork::*)(), kOperations> kRuns{
-      &MixedWork::LoadPacket, &MixedWork::Search,     &MixedWork::WriteValue,
-      &MixedWork::AddSize,    &MixedWork::DeleteSize, &MixedWork::ReadModel};
+  static constexpr std::array<bool (MixedWork::*)(), kOperations> kRuns{&MixedWork::LoadPacket, &MixedWork::Search,
+                                                                        &MixedWork::WriteValue, &MixedWork::AddSize,
+                                                                        &MixedWork::DeleteSize, &MixedWork::ReadModel};
   return (this->*kRuns[static_cast<int>(operation)])();
 }
 

@@ -13,6 +13,7 @@
 //   lxload_client --database PATH [--server S --user U --password P]
 //                 --client N --threads T --seconds S --journal FILE
 //                 [--sample-seconds M] [--memory-check]
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
