@@ -25,9 +25,6 @@
 # reason on standard error.
 set -euo pipefail
 
-engine_root=${LX_FIREBIRD_ROOT:-/usr/lib/x86_64-linux-gnu/firebird/3.0}
-system_security=${LX_FIREBIRD_SECURITY_DB:-/var/lib/firebird/3.0/system/security3.fdb}
-
 fail() {
   echo "$0: $1" >&2
   [[ -f ${work:-}/server.log ]] && tail -20 "$work/server.log" >&2
@@ -37,8 +34,7 @@ fail() {
 [[ $# -eq 2 ]] || fail "usage: $0 start|kill|stop <folder>"
 [[ $(id -u) -eq 0 ]] || fail "must run as root, the server runs as user firebird"
 work=$(cd "$2" 2>/dev/null && pwd) || fail "no folder $2"
-
-port_in_use() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
+source "$(dirname "$0")/server-folder.sh"
 
 # Ends the server, if one runs, and waits up to five seconds for its end.
 kill_server() {
@@ -54,32 +50,10 @@ kill_server() {
 }
 
 set_up() {
-  [[ -d $engine_root ]] || fail "no Firebird engine at $engine_root"
-  [[ -f $system_security ]] || fail "no security database at $system_security"
-  local port="" candidate password
-  for candidate in $(shuf -i 31000-31499 -n 50); do
-    if ! port_in_use "$candidate"; then port=$candidate; break; fi
-  done
-  [[ -n $port ]] || fail "no free port found"
+  local port password
+  port=$(free_port 31000 31499)
   password="lx-$(od -An -N6 -tx1 /dev/urandom | tr -d ' \n')"
-  # A copy, because the engine's firebird.conf is a link into /etc.
-  cp -rL "$engine_root" "$work/root"
-  rm -f "$work/root/firebird.conf"
-  cat > "$work/root/firebird.conf" <<CONF
-RemoteServicePort = $port
-RemoteBindAddress = 127.0.0.1
-SecurityDatabase = $work/security3.fdb
-ServerMode = Super
-CONF
-  mkdir -p "$work/lock" "$work/setup-lock" "$work/tmp" "$work/db"
-  cp "$system_security" "$work/security3.fdb"
-  echo "create or alter user SYSDBA password '$password'; commit;" |
-    FIREBIRD="$work/root" FIREBIRD_LOCK="$work/setup-lock" isql-fb -q -user SYSDBA "$work/security3.fdb" \
-      > "$work/setup.log" 2>&1 || { cat "$work/setup.log" >&2; fail "could not set the SYSDBA password"; }
-  rm -rf "$work/setup-lock"
-  chown -R firebird:firebird "$work"
-  chmod 0755 "$work"
-  chmod 2775 "$work/db"
+  make_server_folder "$work" "$port" "$password"
   echo "$password" > "$work/password"
   echo "$port" > "$work/port"
 }

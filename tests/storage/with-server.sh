@@ -30,8 +30,7 @@ if [[ $(id -u) -ne 0 ]]; then
   exit 2
 fi
 
-engine_root=${LX_FIREBIRD_ROOT:-/usr/lib/x86_64-linux-gnu/firebird/3.0}
-system_security=${LX_FIREBIRD_SECURITY_DB:-/var/lib/firebird/3.0/system/security3.fdb}
+source "$(dirname "$0")/server-folder.sh"
 guard=/usr/sbin/fbguard
 password="lx-$(od -An -N6 -tx1 /dev/urandom | tr -d ' \n')"
 
@@ -68,58 +67,19 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 command_pid=""
 
-fail_setup() {
+fail() {
   echo "$0: $1" >&2
   [[ -f $work/guard.log ]] && cat "$work/guard.log" >&2
   [[ -f $work/root/firebird.log ]] && tail -20 "$work/root/firebird.log" >&2
   exit 2
 }
 
-port_in_use() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
-
-pick_port() {
-  if [[ -n ${LX_TEST_SERVER_PORT:-} ]]; then
-    echo "$LX_TEST_SERVER_PORT"
-    return
-  fi
-  local candidate
-  for candidate in $(shuf -i 30500-30999 -n 50); do
-    if ! port_in_use "$candidate"; then
-      echo "$candidate"
-      return
-    fi
-  done
-  fail_setup "no free port found"
-}
-
-[[ -d $engine_root ]] || fail_setup "no Firebird engine at $engine_root"
-[[ -f $system_security ]] || fail_setup "no security database at $system_security"
-
-# A private engine root: a copy, because its firebird.conf and plugins.conf
-# are links into /etc and must not be written through.
-cp -rL "$engine_root" "$work/root"
-rm -f "$work/root/firebird.conf"
-port=$(pick_port)
-cat > "$work/root/firebird.conf" <<CONF
-RemoteServicePort = $port
-RemoteBindAddress = 127.0.0.1
-SecurityDatabase = $work/security3.fdb
-ServerMode = Super
-CONF
-mkdir -p "$work/lock" "$work/setup-lock" "$work/tmp" "$work/db"
-cp "$system_security" "$work/security3.fdb"
-
-# Set SYSDBA's password in the private security database, embedded, before
-# the server holds the file.
-echo "create or alter user SYSDBA password '$password'; commit;" |
-  FIREBIRD="$work/root" FIREBIRD_LOCK="$work/setup-lock" isql-fb -q -user SYSDBA "$work/security3.fdb" \
-    > "$work/setup.log" 2>&1 || { cat "$work/setup.log" >&2; fail_setup "could not set the SYSDBA password"; }
-rm -rf "$work/setup-lock"
-
-chown -R firebird:firebird "$work"
-chmod 0755 "$work"
-# New database files take the folder's group, so the server can open them.
-chmod 2775 "$work/db"
+if [[ -n ${LX_TEST_SERVER_PORT:-} ]]; then
+  port=$LX_TEST_SERVER_PORT
+else
+  port=$(free_port 30500 30999)
+fi
+make_server_folder "$work" "$port" "$password"
 
 ( cd "$work" && exec setpriv --reuid=firebird --regid=firebird --init-groups \
     env FIREBIRD="$work/root" FIREBIRD_LOCK="$work/lock" FIREBIRD_TMP="$work/tmp" \
@@ -128,14 +88,14 @@ guard_pid=$!
 
 ready=""
 for _ in $(seq 150); do
-  kill -0 "$guard_pid" 2>/dev/null || fail_setup "the server guard ended at once"
+  kill -0 "$guard_pid" 2>/dev/null || fail "the server guard ended at once"
   if port_in_use "$port"; then
     ready=yes
     break
   fi
   sleep 0.1
 done
-[[ -n $ready ]] || fail_setup "the server did not listen on 127.0.0.1:$port"
+[[ -n $ready ]] || fail "the server did not listen on 127.0.0.1:$port"
 
 # The command runs in the background so that a signal to this script is
 # handled at once (passed on to the command) rather than after it ends.
