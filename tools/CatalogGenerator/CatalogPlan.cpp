@@ -88,6 +88,12 @@ std::int32_t CatalogPlan::GroupOf(std::int32_t index) const {
   return static_cast<std::int32_t>(std::int64_t{index} * GroupsPerFolder() / shape_.templatesPerFolder);
 }
 
+// The least index whose GroupOf is at least `group`: ceil(group * templates / groups).
+std::int64_t CatalogPlan::FirstOfGroup(std::int32_t group) const {
+  const std::int64_t groups = GroupsPerFolder();
+  return (std::int64_t{group} * shape_.templatesPerFolder + groups - 1) / groups;
+}
+
 const std::vector<AttributeDefinition>& CatalogPlan::AttributesOfGroup(std::int32_t group) const {
   return group % 2 == 0 ? evenGroup_ : oddGroup_;
 }
@@ -114,8 +120,8 @@ void CatalogPlan::Count() {
   std::int64_t attributesPerFolder = 0;
   const std::int32_t groups = GroupsPerFolder();
   for (std::int32_t group = 0; group < groups; ++group) {
-    const std::int64_t templates = std::int64_t{group + 1} * shape_.templatesPerFolder / groups -
-                                   std::int64_t{group} * shape_.templatesPerFolder / groups;
+    // GroupOf(index) == group for FirstOfGroup(group) <= index < FirstOfGroup(group + 1).
+    const std::int64_t templates = FirstOfGroup(group + 1) - FirstOfGroup(group);
     attributesPerFolder += templates * static_cast<std::int64_t>(AttributesOfGroup(group).size());
   }
   totals_.templateAttributes = Product(templateFolders, attributesPerFolder);

@@ -45,6 +45,7 @@ class CatalogPlan {
 
  private:
   void Count();
+  std::int64_t FirstOfGroup(std::int32_t group) const;
 
   CatalogShape shape_;
   // The layouts of even and odd groups; they differ only with

@@ -85,6 +85,10 @@ TEST(CatalogPlan, OddGroupsCarryOneMoreAttributeWhenSplitByAttributeSets) {
   EXPECT_EQ(plan.AttributesOfGroup(1).back().kind, ValueKind::None);
   EXPECT_EQ(plan.Totals().templateAttributes, 4 * 4 + 2);
   EXPECT_EQ(plan.Totals().sizeValues, 4 * 4);
+  // Uneven groups: indexes 0..2 and 3..4, so the odd group is two templates.
+  shape.templatesPerFolder = 5;
+  shape.splitGroups = 2;
+  EXPECT_EQ(CatalogPlan(shape).Totals().templateAttributes, 5 * 4 + 2);
 }
 
 TEST(CatalogPlan, AttributeLayoutNumbersKindsAndTypes) {
