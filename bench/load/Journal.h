@@ -1,7 +1,7 @@
 // What a load client and its driver share: the operations, and the journal
 // of one client, every write it made as it saw the write end. The client
-// appends an entry per write and saves them as text lines; the driver reads
-// all clients' lines back and holds them against the database. Times are
+// writes a text line per write as the write ends; the driver reads all
+// clients' lines back and holds them against the database. Times are
 // CLOCK_MONOTONIC, which all processes of the machine share, so entries of
 // different clients can be ordered.
 //

@@ -37,7 +37,9 @@ std::filesystem::path TempFolder() {
 
 }  // namespace
 
-LoadClient::LoadClient(const Connection& connection, int number) : connection_(connection), number_(number) {
+LoadClient::LoadClient(const Connection& connection, int number, const std::string& journalPath)
+    : connection_(connection), number_(number), journal_(journalPath) {
+  if (!journal_) throw std::runtime_error("the journal file could not be opened");
   const std::wstring name = L"load-client-" + std::to_wstring(number);
   pool_ = lxAddLibraryProviderPool(name.c_str(), L"");
   // The first load of a provider fails at once, too, when it meets another
@@ -87,6 +89,17 @@ bool LoadClient::NoteLayout(LxPacket* packet) {
 }
 
 LoadClient::~LoadClient() { lxDeleteProviderPool(pool_); }
+
+void LoadClient::Record(const JournalEntry& entry) {
+  std::lock_guard lock(journalMutex_);
+  journal_ << FormatEntry(entry) << '\n';
+}
+
+bool LoadClient::JournalWritten() {
+  std::lock_guard lock(journalMutex_);
+  journal_.flush();
+  return journal_.good();
+}
 
 void LoadClient::NoteFile(const std::wstring& path) {
   std::lock_guard lock(filesMutex_);
@@ -191,7 +204,7 @@ bool MixedWork::WriteValue() {
   JournalEntry entry{'V', std::to_string(place.id) + ":" + std::to_string(kWrittenNumber), value, MonotonicNs()};
   entry.succeeded = stdsize_SetValueI(size, attribute, static_cast<std::int32_t>(value));
   entry.endNs = MonotonicNs();
-  journal_.push_back(entry);
+  client_.Record(entry);
   return entry.succeeded;
 }
 
@@ -215,7 +228,7 @@ bool MixedWork::AddSize() {
   LxStdSize* size = table_AddStdSize(table, place.identifier.c_str());
   entry.endNs = MonotonicNs();
   entry.succeeded = size != nullptr;
-  journal_.push_back(entry);
+  client_.Record(entry);
   ++scratchAdds_;
   if (size == nullptr) return false;
   if (place.identifier != stdsize_GetID(size)) return Note("FAULT added size renamed");
@@ -235,7 +248,7 @@ bool MixedWork::DeleteSize() {
   JournalEntry entry{'D', Narrowed(place.identifier), 0, MonotonicNs()};
   entry.succeeded = table_DeleteStdSize(table, size);
   entry.endNs = MonotonicNs();
-  journal_.push_back(entry);
+  client_.Record(entry);
   if (entry.succeeded) ownSizes_.erase(ownSizes_.begin() + static_cast<std::ptrdiff_t>(index));
   return entry.succeeded;
 }
@@ -247,7 +260,7 @@ bool MixedWork::DeleteFolder() {
   const std::int64_t start = MonotonicNs();
   const bool deleted = folder_DeleteChildFolder(root, folder);
   for (const SizePlace& place : ownSizes_) {
-    journal_.push_back({'D', Narrowed(place.identifier), 0, start, MonotonicNs(), deleted});
+    client_.Record({'D', Narrowed(place.identifier), 0, start, MonotonicNs(), deleted});
   }
   if (!deleted) return false;
   ownSizes_.clear();

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cstdint>
+#include <fstream>
 #include <map>
 #include <mutex>
 #include <random>
@@ -43,9 +44,9 @@ struct SizePlace {
 
 class LoadClient {
  public:
-  // Attaches a pool of its own and notes the catalog's layout; throws
-  // std::runtime_error when the catalog can't be reached.
-  LoadClient(const Connection& connection, int number);
+  // Attaches a pool of its own, notes the catalog's layout and opens the
+  // journal file; throws std::runtime_error when either fails.
+  LoadClient(const Connection& connection, int number, const std::string& journalPath);
   // Deletes the pool, and with it the provider's temporary files.
   ~LoadClient();
   LoadClient(const LoadClient&) = delete;
@@ -57,6 +58,12 @@ class LoadClient {
   // The caller holds Handles() exclusively.
   std::string TempFolderProblem();
   std::size_t TempFileCount();
+  // Each entry goes to the file at once rather than into a list: a list
+  // grows with every write, and the samples of a long run would take that
+  // growth for the library's.
+  void Record(const JournalEntry& entry);
+  // Flushes the journal; false when any of it could not be written.
+  bool JournalWritten();
 
  private:
   friend class MixedWork;
@@ -75,6 +82,8 @@ class LoadClient {
   std::shared_mutex handles_;
   std::mutex filesMutex_;
   std::set<std::wstring> files_;
+  std::mutex journalMutex_;
+  std::ofstream journal_;
 };
 
 class MixedWork {
@@ -90,7 +99,6 @@ class MixedWork {
 
   const std::array<std::int64_t, kOperations>& Done() const { return done_; }
   const std::array<std::int64_t, kOperations>& Failed() const { return failed_; }
-  const std::vector<JournalEntry>& Journal() const { return journal_; }
   // Failures that the library reported by no message, counted by reason;
   // reasons that begin with "FAULT" are faults of the library.
   const std::map<std::string, std::int64_t>& Notes() const { return notes_; }
@@ -128,7 +136,6 @@ class MixedWork {
   std::vector<SizePlace> ownSizes_;
   std::array<std::int64_t, kOperations> done_{};
   std::array<std::int64_t, kOperations> failed_{};
-  std::vector<JournalEntry> journal_;
   std::map<std::string, std::int64_t> notes_;
 };
 
