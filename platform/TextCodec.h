@@ -12,8 +12,7 @@
 #include <string>
 #include <string_view>
 
-std::string WideToUtf8(std::wstring_view text);
-std::wstring Utf8ToWide(std::string_view text);
+#include "platform/Utf8.h"
 
 // Characters outside code page 1251 are dropped, one by one, and the rest of
 // the text is kept.

@@ -42,9 +42,9 @@ std::string Environment(const char* name) {
 CatalogAddress ParseCatalogAddress(const std::string& text) {
   const size_t colon = text.find(':');
   if (colon == std::string::npos || colon + 1 == text.size() || !IsHost(std::string_view(text).substr(0, colon))) {
-    return {L"", FromUtf8(text)};
+    return {L"", Utf8ToWide(text)};
   }
-  return {FromUtf8(text.substr(0, colon)), FromUtf8(text.substr(colon + 1))};
+  return {Utf8ToWide(text.substr(0, colon)), Utf8ToWide(text.substr(colon + 1))};
 }
 
 Credentials ResolveCredentials(const std::string& user, const std::string& password) {
@@ -69,7 +69,7 @@ CatalogSession::CatalogSession(const std::string& catalog, const Credentials& cr
   provider_ = Checked(
       [&] {
         return pool_AddProvider(pool_, address.server.c_str(), address.database.c_str(),
-                                FromUtf8(credentials.user).c_str(), FromUtf8(credentials.password).c_str());
+                                Utf8ToWide(credentials.user).c_str(), Utf8ToWide(credentials.password).c_str());
       },
       "cannot open catalog '" + catalog + "'");
 }
@@ -81,7 +81,7 @@ CatalogSession::~CatalogSession() {
 LxFolder* CatalogSession::Folder(const std::string& path) const {
   ProgressBar bar("loading " + path);
   ForgetLibraryMessages();
-  LxFolder* folder = FindFolder(provider_, FromUtf8(path));
+  LxFolder* folder = FindFolder(provider_, Utf8ToWide(path));
   if (!folder) {
     const std::string message = LibraryMessage();
     throw Failure("no folder '" + path + "' in the catalog" + (message.empty() ? "" : ": " + message));

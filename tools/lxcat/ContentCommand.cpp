@@ -18,7 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 using json = nlohmann::ordered_json;
 
-std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 
 // A catalog name as one file name: no folders, nothing invisible.
 std::string FileNamePart(std::string name) {
@@ -135,7 +134,7 @@ struct ContentOptions {
 void Content(const ContentOptions& options) {
   const auto session = options.catalog.Open();
   LxFolderTable* table = session->Table(options.folder);
-  LxStdSize* size = table_FindStdSize(table, FromUtf8(options.size).c_str());
+  LxStdSize* size = table_FindStdSize(table, Utf8ToWide(options.size).c_str());
   if (!size) throw Failure("no size '" + options.size + "' in '" + options.folder + "'");
   std::error_code error;
   fs::create_directories(options.outDir, error);

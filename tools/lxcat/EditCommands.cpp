@@ -22,13 +22,13 @@ struct EditOptions {
 };
 
 LxStdSize* SizeOf(LxFolderTable* table, const EditOptions& options) {
-  LxStdSize* size = table_FindStdSize(table, FromUtf8(options.size).c_str());
+  LxStdSize* size = table_FindStdSize(table, Utf8ToWide(options.size).c_str());
   if (!size) throw Failure("no size '" + options.size + "' in '" + options.folder + "'");
   return size;
 }
 
 LxAttribute* ColumnOf(LxFolderTable* table, const EditOptions& options) {
-  LxAttribute* column = table_FindAttribute(table, FromUtf8(options.column).c_str());
+  LxAttribute* column = table_FindAttribute(table, Utf8ToWide(options.column).c_str());
   if (!column) throw Failure("no column '" + options.column + "' in '" + options.folder + "'");
   return column;
 }
@@ -51,11 +51,11 @@ void Set(const EditOptions& options) {
 void AddSize(const EditOptions& options) {
   const auto session = options.catalog.Open();
   LxFolderTable* table = session->Table(options.folder);
-  LxStdSize* size = Checked([&] { return table_AddStdSize(table, FromUtf8(options.size).c_str()); },
+  LxStdSize* size = Checked([&] { return table_AddStdSize(table, Utf8ToWide(options.size).c_str()); },
                             "cannot add the size '" + options.size + "' to '" + options.folder + "'");
   // A taken identifier is not refused: the library picks a free one.
   const wchar_t* id = stdsize_GetID(size);
-  std::printf("%s\n", id ? ToUtf8(id).c_str() : "");
+  std::printf("%s\n", id ? WideToUtf8(id).c_str() : "");
 }
 
 void AddColumn(const EditOptions& options) {
@@ -70,15 +70,15 @@ void AddColumn(const EditOptions& options) {
   }
   LxAttribute* column = Checked(
       [&] {
-        return table_AddAttribute(table, FromUtf8(options.column).c_str(), FromUtf8(options.description).c_str(),
+        return table_AddAttribute(table, Utf8ToWide(options.column).c_str(), Utf8ToWide(options.description).c_str(),
                                   options.type);
       },
       what);
   if (!options.measure.empty()) {
-    Checked([&] { return attribute_SetMeasure(column, FromUtf8(options.measure).c_str()); }, what + " (measure)");
+    Checked([&] { return attribute_SetMeasure(column, Utf8ToWide(options.measure).c_str()); }, what + " (measure)");
   }
   if (!options.formula.empty()) {
-    Checked([&] { return attribute_SetFormula(column, FromUtf8(options.formula).c_str()); }, what + " (formula)");
+    Checked([&] { return attribute_SetFormula(column, Utf8ToWide(options.formula).c_str()); }, what + " (formula)");
   }
   std::printf("%d\n", attribute_GetNumber(column));
 }

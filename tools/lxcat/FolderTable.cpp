@@ -7,7 +7,6 @@
 namespace lxcat {
 namespace {
 
-std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 
 TableColumn ColumnOf(LxAttribute* attribute) {
   TableColumn column;
@@ -33,7 +32,7 @@ TableCell CellOf(const ValueView& view) {
       break;
     }
     case LX_VALUE_STRING:
-      cell.text = view.payload.text ? ToUtf8(std::wstring_view(view.payload.text, view.length)) : std::string();
+      cell.text = view.payload.text ? WideToUtf8(std::wstring_view(view.payload.text, view.length)) : std::string();
       break;
     default: cell.kind = LX_VALUE_EMPTY; break;
   }

@@ -69,7 +69,7 @@ void PlanBuilder::Columns(const std::vector<CsvRecord>& records) {
   for (size_t c = 1; c < header.fields.size(); ++c) {
     ImportColumn column{header.fields[c]};
     if (column.name.empty()) Fail(header.line, "column " + std::to_string(c + 1) + " has no name");
-    column.attribute = table_FindAttribute(table_, FromUtf8(column.name).c_str());
+    column.attribute = table_FindAttribute(table_, Utf8ToWide(column.name).c_str());
     if (column.attribute) {
       if (seen.count(column.attribute)) Fail(header.line, "column '" + column.name + "' stands twice");
       seen[column.attribute] = column.name;
@@ -89,7 +89,7 @@ void PlanBuilder::Columns(const std::vector<CsvRecord>& records) {
 }
 
 LxStdSize* PlanBuilder::ExistingSize(const CsvRecord& record, const std::string& id) const {
-  const std::wstring wide = FromUtf8(id);
+  const std::wstring wide = Utf8ToWide(id);
   if (LxStdSize* size = table_FindStdSize(table_, wide.c_str())) return size;
   // Identifiers are unique in the whole packet: the library would make this
   // one 'id (0)', which is not what the file says.
@@ -149,7 +149,7 @@ ImportCounts Write(ImportPlan& plan, LxFolderTable* table) {
   for (ImportColumn& column : plan.columns) {
     if (column.attribute) continue;
     column.attribute = Checked(
-        [&] { return table_AddAttribute(table, FromUtf8(column.name).c_str(), L"", column.type); },
+        [&] { return table_AddAttribute(table, Utf8ToWide(column.name).c_str(), L"", column.type); },
         "cannot add the column '" + column.name + "'");
     ++counts.columns;
   }
@@ -158,7 +158,7 @@ ImportCounts Write(ImportPlan& plan, LxFolderTable* table) {
     bar.Set(r, plan.rows.size());
     ImportRow& row = plan.rows[r];
     if (!row.size) {
-      row.size = Checked([&] { return table_AddStdSize(table, FromUtf8(row.id).c_str()); },
+      row.size = Checked([&] { return table_AddStdSize(table, Utf8ToWide(row.id).c_str()); },
                          "cannot add the size '" + row.id + "'");
       ++counts.sizes;
     }

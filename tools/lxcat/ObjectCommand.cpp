@@ -30,7 +30,7 @@ json ValueJson(const BufferValue& value) {
   switch (value.kind) {
     case LX_VALUE_INT: return value.integer;
     case LX_VALUE_DOUBLE: return value.number;
-    case LX_VALUE_STRING: return ToUtf8(value.text);
+    case LX_VALUE_STRING: return WideToUtf8(value.text);
     default: return nullptr;
   }
 }
@@ -47,25 +47,25 @@ void AddFound(json& description, const std::string& catalog, const std::string& 
   LxFolderTable* table = size ? stdsize_GetTable(size) : nullptr;
   LxFolder* folder = table ? table_GetFolder(table) : nullptr;
   description["found"] = size != nullptr;
-  if (folder) description["folder"] = ToUtf8(FolderPath(folder));
+  if (folder) description["folder"] = WideToUtf8(FolderPath(folder));
   object_Delete(object);
 }
 
 json Describe(const DecodedObject& object) {
   json own = json::array();
   for (const OwnValue& value : object.ownValues) {
-    json entry = object.version < 20111128 ? json{{"oldNumber", value.oldNumber}} : json{{"name", ToUtf8(value.name)}};
+    json entry = object.version < 20111128 ? json{{"oldNumber", value.oldNumber}} : json{{"name", WideToUtf8(value.name)}};
     entry["value"] = ValueJson(value.value);
     own.push_back(std::move(entry));
   }
   json binary = json::array();
   for (const BinaryValue& value : object.binaryValues) {
-    binary.push_back({{"name", ToUtf8(value.name)}, {"bytes", value.bytes}});
+    binary.push_back({{"name", WideToUtf8(value.name)}, {"bytes", value.bytes}});
   }
   json description{{"version", object.version},   {"knownVersion", object.knownVersion},
-                   {"packet", ToUtf8(object.packet)}, {"size", ToUtf8(object.size)},
-                   {"library", ToUtf8(object.library)}, {"ownValues", std::move(own)},
-                   {"viewName", ToUtf8(object.viewName)}, {"viewType", object.viewType},
+                   {"packet", WideToUtf8(object.packet)}, {"size", WideToUtf8(object.size)},
+                   {"library", WideToUtf8(object.library)}, {"ownValues", std::move(own)},
+                   {"viewName", WideToUtf8(object.viewName)}, {"viewType", object.viewType},
                    {"binaryValues", std::move(binary)}};
   if (object.elevation) description["elevation"] = *object.elevation;
   return description;

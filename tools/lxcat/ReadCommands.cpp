@@ -17,7 +17,6 @@ namespace {
 
 using json = nlohmann::ordered_json;
 
-std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 
 void PrintJson(const json& document) {
   const std::string text = document.dump(2);
@@ -172,7 +171,7 @@ struct Found {
 std::vector<Found> RunSearch(LxProviderPool* pool, const std::string& locations, const std::string& condition) {
   ProgressBar bar("searching");
   LxSearchResult* result = Checked(
-      [&] { return pool_GetSearchResult(pool, FromUtf8(locations).c_str(), FromUtf8(condition).c_str()); },
+      [&] { return pool_GetSearchResult(pool, Utf8ToWide(locations).c_str(), Utf8ToWide(condition).c_str()); },
       "search failed");
   std::vector<Found> found;
   const int32_t count = search_GetCount(result);
@@ -180,7 +179,7 @@ std::vector<Found> RunSearch(LxProviderPool* pool, const std::string& locations,
     LxStdSize* size = search_Get(result, i);
     LxFolderTable* table = size ? stdsize_GetTable(size) : nullptr;
     LxFolder* folder = table ? table_GetFolder(table) : nullptr;
-    if (size) found.push_back({folder ? ToUtf8(FolderPath(folder)) : std::string(), Text(stdsize_GetID(size))});
+    if (size) found.push_back({folder ? WideToUtf8(FolderPath(folder)) : std::string(), Text(stdsize_GetID(size))});
   }
   pool_DeleteSearchResult(pool, result);
   return found;

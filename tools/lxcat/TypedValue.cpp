@@ -41,7 +41,7 @@ std::optional<TypedValue> ParseTypedValue(int32_t type, const std::string& text)
     if (!number) return std::nullopt;
     value.number = *number;
   } else if (type == LX_VALUE_STRING) {
-    value.text = FromUtf8(text);
+    value.text = Utf8ToWide(text);
   } else {
     return std::nullopt;
   }

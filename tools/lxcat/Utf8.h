@@ -1,13 +1,12 @@
 #pragma once
 #include <string>
-#include <string_view>
+
+#include "platform/Utf8.h"
 
 namespace lxcat {
 
-// The library speaks wide strings and the terminal UTF-8; these two are the
-// only crossing. Invalid input never throws: a bad byte or code point becomes
-// U+FFFD, so a damaged catalog text still prints.
-std::string ToUtf8(std::wstring_view text);
-std::wstring FromUtf8(std::string_view text);
+// A text the library returned; null, the result of a failed call, prints as
+// nothing.
+inline std::string Text(const wchar_t* text) { return text ? WideToUtf8(text) : std::string(); }
 
 }  // namespace lxcat

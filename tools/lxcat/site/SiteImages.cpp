@@ -9,7 +9,6 @@
 namespace lxcat {
 namespace {
 
-std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 
 void AddPictures(std::vector<Thumbnail>& out, const std::string& icon, const std::string& file,
                  const std::string& caption) {
@@ -101,7 +100,7 @@ bool SiteImages::SaveImage(const unsigned char* bytes, int32_t size, const std::
 bool SiteImages::CopyImage(const wchar_t* file, const std::string& stem, std::string& href, std::string& error) {
   if (!file || !*file) return true;
   // The library names its files in UTF-8, as the file system sees them.
-  const std::filesystem::path source(ToUtf8(file));
+  const std::filesystem::path source(WideToUtf8(file));
   const std::string head = ReadFileHead(source, kImageSniffBytes);
   const std::string_view extension =
       ImageExtension(reinterpret_cast<const unsigned char*>(head.data()), head.size());

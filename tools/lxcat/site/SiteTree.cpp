@@ -8,14 +8,13 @@
 namespace lxcat {
 namespace {
 
-std::string Text(const wchar_t* text) { return text ? ToUtf8(text) : std::string(); }
 
 size_t AddFolder(std::vector<SiteFolder>& folders, LxFolder* folder, LxPacket* packet, size_t parent) {
   SiteFolder entry;
   entry.folder = folder;
   entry.packet = packet;
   entry.name = Text(parent == kNoFolder ? packet_GetName(packet) : folder_GetName(folder));
-  entry.path = ToUtf8(FolderPath(folder));
+  entry.path = WideToUtf8(FolderPath(folder));
   entry.page = "folder-" + std::to_string(folders.size() + 1) + ".html";
   entry.parent = parent;
   folders.push_back(std::move(entry));
