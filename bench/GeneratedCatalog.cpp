@@ -29,6 +29,17 @@ GeneratedCatalog::~GeneratedCatalog() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+CatalogShape FlatPacket(std::int32_t sizes, std::int32_t columns) {
+  CatalogShape shape;
+  shape.packets = 1;
+  shape.depth = 0;
+  shape.templatesPerFolder = 20;
+  shape.sizesPerPacket = sizes;
+  shape.attributes = columns;
+  shape.idSpecification = false;
+  return shape;
+}
+
 const GeneratedCatalog& GeneratedOnce(const std::string& name, const CatalogShape& shape) {
   static std::map<std::string, std::unique_ptr<GeneratedCatalog>> catalogs;
   std::unique_ptr<GeneratedCatalog>& catalog = catalogs[name];

@@ -26,6 +26,11 @@ class GeneratedCatalog {
   CatalogCounts written_;
 };
 
+// One packet whose root holds 20 templates sharing `sizes` sizes, each with
+// `columns` numbered attributes and no attribute 11: the flat packet that
+// load times are measured on.
+CatalogShape FlatPacket(std::int32_t sizes, std::int32_t columns);
+
 // The catalog of `shape` made on the first call under `name` and kept to the
 // end of the run, so that each argument of a benchmark generates its catalog
 // once; `name` must tell the shapes of one program apart.

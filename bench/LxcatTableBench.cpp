@@ -28,14 +28,7 @@ constexpr std::int32_t kSizes = 20000;
 constexpr std::int32_t kColumns = 20;
 
 const lxtest::GeneratedCatalog& TableCatalog() {
-  CatalogShape shape;
-  shape.packets = 1;
-  shape.depth = 0;
-  shape.templatesPerFolder = 20;
-  shape.sizesPerPacket = kSizes;
-  shape.attributes = kColumns;
-  shape.idSpecification = false;
-  return lxtest::GeneratedOnce("bench-lxcat-table", shape);
+  return lxtest::GeneratedOnce("bench-lxcat-table", lxtest::FlatPacket(kSizes, kColumns));
 }
 
 double Seconds(std::chrono::steady_clock::time_point since) {

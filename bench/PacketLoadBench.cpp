@@ -45,14 +45,7 @@ constexpr const char* kSizeValues =
 
 // One generated catalog per packet size, made at first use.
 const lxtest::GeneratedCatalog& PacketCatalog(std::int32_t sizes) {
-  CatalogShape shape;
-  shape.packets = 1;
-  shape.depth = 0;
-  shape.templatesPerFolder = 20;
-  shape.sizesPerPacket = sizes;
-  shape.attributes = kAttributes;
-  shape.idSpecification = false;
-  return lxtest::GeneratedOnce("bench-packet-load-" + std::to_string(sizes), shape);
+  return lxtest::GeneratedOnce("bench-packet-load-" + std::to_string(sizes), lxtest::FlatPacket(sizes, kAttributes));
 }
 
 // Bytes the allocator has handed out and not got back: what a load keeps.
