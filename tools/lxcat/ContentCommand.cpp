@@ -11,6 +11,7 @@
 #include "tools/lxcat/LibraryLog.h"
 #include "tools/lxcat/ProgressBar.h"
 #include "tools/lxcat/Utf8.h"
+#include "tools/lxcat/site/ImageFormat.h"
 
 namespace lxcat {
 namespace {
@@ -18,23 +19,12 @@ namespace {
 namespace fs = std::filesystem;
 using json = nlohmann::ordered_json;
 
-
 // A catalog name as one file name: no folders, nothing invisible.
 std::string FileNamePart(std::string name) {
   for (char& c : name) {
     if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20) c = '_';
   }
   return name.empty() || name == "." || name == ".." ? "unnamed" : name;
-}
-
-// Thumbnails are stored as whatever image the catalog's author had.
-std::string ImageExtension(const unsigned char* data, int32_t size) {
-  const std::string head(reinterpret_cast<const char*>(data), size < 8 ? size : 8);
-  if (head.rfind("\x89PNG", 0) == 0) return ".png";
-  if (head.rfind("\xFF\xD8", 0) == 0) return ".jpg";
-  if (head.rfind("GIF8", 0) == 0) return ".gif";
-  if (head.rfind("BM", 0) == 0) return ".bmp";
-  return ".bin";
 }
 
 class ContentWriter {
@@ -53,7 +43,9 @@ class ContentWriter {
   // Writes an icon's bytes; nothing when there are none.
   std::string WriteIcon(bool got, unsigned char* data, int32_t size, const std::string& stem) {
     if (!got || !data || size <= 0) return "";
-    const std::string name = stem + ImageExtension(data, size);
+    // Thumbnails are stored as whatever image the catalog's author had.
+    const std::string_view extension = ImageExtension(data, static_cast<size_t>(size));
+    const std::string name = stem + "." + std::string(extension.empty() ? "bin" : extension);
     std::ofstream out(outDir_ / name, std::ios::binary);
     out.write(reinterpret_cast<const char*>(data), size);
     if (!out) throw Failure("cannot write '" + (outDir_ / name).string() + "'");

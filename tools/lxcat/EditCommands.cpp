@@ -54,8 +54,7 @@ void AddSize(const EditOptions& options) {
   LxStdSize* size = Checked([&] { return table_AddStdSize(table, Utf8ToWide(options.size).c_str()); },
                             "cannot add the size '" + options.size + "' to '" + options.folder + "'");
   // A taken identifier is not refused: the library picks a free one.
-  const wchar_t* id = stdsize_GetID(size);
-  std::printf("%s\n", id ? WideToUtf8(id).c_str() : "");
+  std::printf("%s\n", Text(stdsize_GetID(size)).c_str());
 }
 
 void AddColumn(const EditOptions& options) {

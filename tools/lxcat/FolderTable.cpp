@@ -7,7 +7,6 @@
 namespace lxcat {
 namespace {
 
-
 TableColumn ColumnOf(LxAttribute* attribute) {
   TableColumn column;
   column.number = attribute_GetNumber(attribute);

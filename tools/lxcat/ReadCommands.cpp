@@ -17,7 +17,6 @@ namespace {
 
 using json = nlohmann::ordered_json;
 
-
 void PrintJson(const json& document) {
   const std::string text = document.dump(2);
   std::fwrite(text.data(), 1, text.size(), stdout);

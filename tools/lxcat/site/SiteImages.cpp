@@ -9,7 +9,6 @@
 namespace lxcat {
 namespace {
 
-
 void AddPictures(std::vector<Thumbnail>& out, const std::string& icon, const std::string& file,
                  const std::string& caption) {
   if (!icon.empty()) out.push_back({icon, caption + " icon"});

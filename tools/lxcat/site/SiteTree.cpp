@@ -8,7 +8,6 @@
 namespace lxcat {
 namespace {
 
-
 size_t AddFolder(std::vector<SiteFolder>& folders, LxFolder* folder, LxPacket* packet, size_t parent) {
   SiteFolder entry;
   entry.folder = folder;
