@@ -19,9 +19,9 @@
 #include <vector>
 
 #include "CatalogSql.h"
+#include "api/DatabaseMaintenance.h"
 #include "Journal.h"
 #include "platform/TextCodec.h"
-#include "storage/EmptyCatalogImage.h"
 #include "tools/CatalogGenerator/CatalogGenerator.h"
 
 extern char** environ;
@@ -72,9 +72,9 @@ Target MakeCatalog(bool throughServer) {
   // The server runs as another user and needs the folder as the files.
   if (throughServer) std::filesystem::permissions(target.folder, std::filesystem::perms(02775));
   target.path = (target.folder / "catalog.fdb").string();
-  const auto image = EmptyCatalogImage();
-  std::ofstream(target.path, std::ios::binary)
-      .write(reinterpret_cast<const char*>(image.data()), static_cast<std::streamsize>(image.size()));
+  if (!DatabaseMaintenance::CreateEmptyDatabase(Utf8ToWide(target.path))) {
+    throw std::runtime_error("could not write the empty catalog " + target.path);
+  }
   CatalogGenerator(LoadShape())
       .Generate(Utf8ToWide(target.server), Utf8ToWide(target.path), Utf8ToWide(target.user),
                 Utf8ToWide(target.password));
