@@ -54,6 +54,7 @@ TableData ReadFolderTable(LxFolderTable* table) {
     LxStdSize* size = table_GetStdSize(table, i);
     if (!size) continue;
     TableRow row;
+    row.size = size;
     row.id = Text(stdsize_GetID(size));
     row.cells.reserve(attributes.size());
     for (LxAttribute* attribute : attributes) {

@@ -23,6 +23,7 @@ struct TableCell {
 };
 
 struct TableRow {
+  LxStdSize* size = nullptr;  // the size the row shows, for what else is read of it
   std::string id;
   std::vector<TableCell> cells;  // one per column, in column order
 };

@@ -14,26 +14,14 @@ namespace {
 
 constexpr char kImageFolder[] = "images";
 
-// The sizes behind the rows of ReadFolderTable, skipped by the same rule, so
-// that row k and size k are the same size.
-std::vector<LxStdSize*> SizesOf(LxFolderTable* table) {
-  std::vector<LxStdSize*> sizes;
-  const int32_t count = table ? table_GetStdSizeCount(table) : 0;
-  for (int32_t i = 0; i < count; ++i) {
-    if (LxStdSize* size = table_GetStdSize(table, i)) sizes.push_back(size);
-  }
-  return sizes;
-}
-
 // One vector per row, or none at all when no size has a picture, so that a
 // folder without pictures gets no empty column.
-bool ReadThumbnails(LxFolderTable* table, SiteImages& images, std::vector<std::vector<Thumbnail>>& thumbnails,
+bool ReadThumbnails(const TableData& data, SiteImages& images, std::vector<std::vector<Thumbnail>>& thumbnails,
                     std::string& error) {
-  const std::vector<LxStdSize*> sizes = SizesOf(table);
-  thumbnails.assign(sizes.size(), {});
+  thumbnails.assign(data.rows.size(), {});
   bool any = false;
-  for (size_t i = 0; i < sizes.size(); ++i) {
-    if (!images.AddThumbnails(sizes[i], thumbnails[i], error)) return false;
+  for (size_t i = 0; i < data.rows.size(); ++i) {
+    if (!images.AddThumbnails(data.rows[i].size, thumbnails[i], error)) return false;
     any = any || !thumbnails[i].empty();
   }
   if (!any) thumbnails.clear();
@@ -45,11 +33,7 @@ bool WriteFolderPage(const std::filesystem::path& outDir, const std::vector<Site
   LxFolderTable* table = folder_GetTable(folders[index].folder);
   const TableData data = table ? ReadFolderTable(table) : TableData{};
   std::vector<std::vector<Thumbnail>> thumbnails;
-  if (!ReadThumbnails(table, images, thumbnails, error)) return false;
-  if (!thumbnails.empty() && thumbnails.size() != data.rows.size()) {
-    error = "the sizes of " + folders[index].path + " changed while its page was written";
-    return false;
-  }
+  if (!ReadThumbnails(data, images, thumbnails, error)) return false;
   return WriteSiteFile(outDir / folders[index].page, FolderPage(folders, index, data, thumbnails), error);
 }
 
