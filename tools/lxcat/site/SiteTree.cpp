@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "tools/lxcat/CatalogPath.h"
 #include "tools/lxcat/Utf8.h"
 
 namespace lxcat {
@@ -13,7 +12,8 @@ size_t AddFolder(std::vector<SiteFolder>& folders, LxFolder* folder, LxPacket* p
   entry.folder = folder;
   entry.packet = packet;
   entry.name = Text(parent == kNoFolder ? packet_GetName(packet) : folder_GetName(folder));
-  entry.path = WideToUtf8(FolderPath(folder));
+  // The parent's path is at hand: no walk up the tree for each folder.
+  entry.path = parent == kNoFolder ? entry.name : folders[parent].path + "\\" + entry.name;
   entry.page = "folder-" + std::to_string(folders.size() + 1) + ".html";
   entry.parent = parent;
   folders.push_back(std::move(entry));
