@@ -4,6 +4,10 @@ namespace lxcat {
 
 void AddCatalogOptions(CLI::App* command, CatalogOptions& options) {
   command->add_option("FILE", options.catalog, "catalog: a file, host:path or host/port:path")->required();
+  AddCredentialOptions(command, options);
+}
+
+void AddCredentialOptions(CLI::App* command, CatalogOptions& options) {
   command->add_option("--user", options.user, "user name on a server (else ISC_USER, else SYSDBA)");
   command->add_option("--password", options.password, "password on a server (else ISC_PASSWORD)");
 }

@@ -29,6 +29,8 @@ struct CatalogOptions {
 
 // Adds FILE as the first positional and --user / --password.
 void AddCatalogOptions(CLI::App* command, CatalogOptions& options);
+// Only --user / --password, for a command that names its catalog otherwise.
+void AddCredentialOptions(CLI::App* command, CatalogOptions& options);
 // Adds --format with the given default; `allowed` limits the choices.
 void AddFormatOption(CLI::App* command, Format& format, bool csvAllowed);
 

@@ -5,7 +5,6 @@
 namespace lxcat {
 namespace {
 
-constexpr uint32_t kByNumberUntil = 20111128;
 constexpr uint32_t kWithElevation = 20110202;
 constexpr uint32_t kWithBinaryValues = 20160204;
 constexpr uint32_t kWithLibrary = 20190222;
@@ -102,7 +101,7 @@ DecodedObject DecodeObjectBuffer(const std::vector<unsigned char>& bytes) {
   for (int32_t i = 0; i < count; ++i) {
     const size_t start = reader.Position();
     OwnValue own;
-    if (object.version < kByNumberUntil) {
+    if (object.version < kOwnValuesByName) {
       own.oldNumber = reader.Integer().value_or(0);
     } else {
       own.name = reader.String();

@@ -11,6 +11,9 @@
 // is left out, never an error.
 namespace lxcat {
 
+// Versions before this name their own values by old number.
+inline constexpr uint32_t kOwnValuesByName = 20111128;
+
 struct BufferValue {
   int8_t kind = 0;  // 1 integer, 2 double, 3 string, 0 unreadable
   int32_t integer = 0;

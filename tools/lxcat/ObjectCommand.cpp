@@ -8,7 +8,6 @@
 
 #include "tools/lxcat/CatalogPath.h"
 #include "tools/lxcat/Commands.h"
-#include "tools/lxcat/FolderTable.h"
 #include "tools/lxcat/LibraryLog.h"
 #include "tools/lxcat/ObjectBuffer.h"
 #include "tools/lxcat/Utf8.h"
@@ -37,11 +36,10 @@ json ValueJson(const BufferValue& value) {
 
 // Whether the catalog has the object's size, and in which folder; the
 // library looks exactly as it does when a client loads the object.
-void AddFound(json& description, const std::string& catalog, const std::string& user, const std::string& password,
-             std::vector<unsigned char>& bytes) {
-  const CatalogSession session(catalog, ResolveCredentials(user, password));
+void AddFound(json& description, const CatalogOptions& catalog, std::vector<unsigned char>& bytes) {
+  const auto session = catalog.Open();
   LxObject* object = Checked(
-      [&] { return object_Load(session.Pool(), bytes.data(), static_cast<int32_t>(bytes.size()), true); },
+      [&] { return object_Load(session->Pool(), bytes.data(), static_cast<int32_t>(bytes.size()), true); },
       "the library cannot load the object");
   LxStdSize* size = object_GetStdSize(object);
   LxFolderTable* table = size ? stdsize_GetTable(size) : nullptr;
@@ -54,7 +52,7 @@ void AddFound(json& description, const std::string& catalog, const std::string& 
 json Describe(const DecodedObject& object) {
   json own = json::array();
   for (const OwnValue& value : object.ownValues) {
-    json entry = object.version < 20111128 ? json{{"oldNumber", value.oldNumber}} : json{{"name", WideToUtf8(value.name)}};
+    json entry = object.version < kOwnValuesByName ? json{{"oldNumber", value.oldNumber}} : json{{"name", WideToUtf8(value.name)}};
     entry["value"] = ValueJson(value.value);
     own.push_back(std::move(entry));
   }
@@ -92,16 +90,14 @@ void PrintText(const json& object) {
 
 struct ObjectOptions {
   std::string buffer;
-  std::string catalog;
-  std::string user;
-  std::string password;
+  CatalogOptions catalog;
   Format format = Format::Text;
 };
 
 void Object(const ObjectOptions& options) {
   std::vector<unsigned char> bytes = ReadBuffer(options.buffer);
   json object = Describe(DecodeObjectBuffer(bytes));
-  if (!options.catalog.empty()) AddFound(object, options.catalog, options.user, options.password, bytes);
+  if (!options.catalog.catalog.empty()) AddFound(object, options.catalog, bytes);
   if (options.format == Format::Json) {
     std::printf("%s\n", object.dump(2).c_str());
   } else {
@@ -115,9 +111,8 @@ void AddObjectCommand(CLI::App& app, Work& chosen) {
   auto object = std::make_shared<ObjectOptions>();
   CLI::App* command = app.add_subcommand("object", "decode a saved placed object and look for its size");
   command->add_option("BUFFER", object->buffer, "file holding the object's bytes")->required();
-  command->add_option("--catalog", object->catalog, "catalog in which to look for the size");
-  command->add_option("--user", object->user, "user name on a server (else ISC_USER, else SYSDBA)");
-  command->add_option("--password", object->password, "password on a server (else ISC_PASSWORD)");
+  command->add_option("--catalog", object->catalog.catalog, "catalog in which to look for the size");
+  AddCredentialOptions(command, object->catalog);
   AddFormatOption(command, object->format, false);
   command->callback([&chosen, object] { chosen = [object] { Object(*object); }; });
 }
