@@ -4,7 +4,7 @@
 // growth beyond 5%), and the folder must hold exactly the files the open
 // provider wrote. Then the writes are checked as in lxload.
 //
-//   lxsoak --seconds 600 --sample-seconds 60
+//   lxsoak --seconds 600 --sample-seconds 60 [--memory-check 0|1]
 #include <cstdlib>
 #include <cstring>
 
@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
     const int value = std::atoi(argv[i + 1]);
     if (std::strcmp(argv[i], "--seconds") == 0) plan.seconds = value;
     if (std::strcmp(argv[i], "--sample-seconds") == 0) plan.sampleSeconds = value;
+    if (std::strcmp(argv[i], "--memory-check") == 0) plan.memoryCheck = value != 0;
   }
   return lxtest::RunLoad(plan);
 }
